@@ -1,0 +1,42 @@
+# The simulated home screen. Two programs: `SpringBoard` runs inside the device and is the home-screen
+# process; `home-screen` is what a person starts, and drives it from outside.
+find_package(PkgConfig REQUIRED)
+find_package(nlohmann_json REQUIRED)
+pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0)
+pkg_check_modules(ARCHIVE REQUIRED IMPORTED_TARGET libarchive)
+
+add_library(simulator_options INTERFACE)
+target_include_directories(simulator_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(simulator_options INTERFACE -Wall -Wextra -Werror)
+target_link_libraries(simulator_options INTERFACE nlohmann_json::nlohmann_json)
+if(SANITIZE)
+  # Methods are called through the receiver's type as the caller sees it.
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize=function,vptr -fno-sanitize-recover=all)
+  target_compile_options(simulator_options INTERFACE ${sanitizers} -fno-omit-frame-pointer)
+  target_link_options(simulator_options INTERFACE ${sanitizers})
+endif()
+
+# Everything of the home-screen process but its main function.
+file(GLOB_RECURSE process_sources CONFIGURE_DEPENDS
+  simulator/runtime/*.cpp simulator/runtime/*.S simulator/frameworks/*.cpp simulator/homescreen/*.cpp
+  simulator/control/agent/*.cpp)
+add_library(simulator_process OBJECT ${process_sources} simulator/device/clock.cpp)
+target_link_libraries(simulator_process PUBLIC simulator_options)
+
+# GCC's runtime and Foundation are looked up by name at run time, and only by the add-on in part: keep them.
+execute_process(COMMAND gcc -print-file-name=libobjc.so OUTPUT_VARIABLE objc_library OUTPUT_STRIP_TRAILING_WHITESPACE)
+add_executable(SpringBoard simulator/springboard.cpp)
+set_target_properties(SpringBoard PROPERTIES ENABLE_EXPORTS ON)
+target_link_libraries(SpringBoard PRIVATE simulator_process
+  -Wl,--no-as-needed ${objc_library} gnustep-base -Wl,--as-needed ${CMAKE_DL_LIBS})
+add_dependencies(SpringBoard Sprigdial)
+
+# What a person can do and see, from outside the device.
+file(GLOB control_sources CONFIGURE_DEPENDS simulator/control/*.cpp simulator/device/*.cpp)
+list(REMOVE_ITEM control_sources ${PROJECT_SOURCE_DIR}/simulator/device/clock.cpp)
+add_library(simulator_control STATIC ${control_sources})
+target_link_libraries(simulator_control PUBLIC simulator_options PRIVATE PkgConfig::PLIST PkgConfig::ARCHIVE)
+
+add_executable(home-screen simulator/home_screen.cpp)
+target_link_libraries(home-screen PRIVATE simulator_control)
+add_dependencies(home-screen SpringBoard)

@@ -1,0 +1,148 @@
+// Foundation, as far as the add-on uses it. Every class is used through pointers only; a message to nil
+// gives nil, zero or NO. Results are not owned by the caller unless their type is a Ref.
+#pragma once
+
+#include "platform/objc.hpp"
+
+class NSString;
+class NSURL;
+
+class NSObject : public objc_object {
+ public:
+  bool isKindOfClass(Class cls) const { return send<BOOL>(this, "isKindOfClass:"_sel, cls); }
+  bool respondsToSelector(SEL selector) const { return send<BOOL>(this, "respondsToSelector:"_sel, selector); }
+  bool isEqual(const NSObject* other) const { return send<BOOL>(this, "isEqual:"_sel, other); }
+  NSString* description() const { return send<NSString*>(this, "description"_sel); }
+  NSObject* valueForKey(NSString* key) const { return send<NSObject*>(this, "valueForKey:"_sel, key); }
+  void performAfterDelay(SEL selector, double seconds) const {
+    send(this, "performSelector:withObject:afterDelay:"_sel, selector, static_cast<id>(nullptr), seconds);
+  }
+};
+
+/// The object as a `T`, or nil when it is of another kind: for what comes from files.
+template <class T>
+T* as(NSObject* object) {
+  return object != nullptr && object->isKindOfClass(T::cls()) ? static_cast<T*>(object) : nullptr;
+}
+
+class NSString : public NSObject {
+ public:
+  static Class cls() { return "NSString"_cls; }
+  /// A text of the caller's own.
+  static Ref<NSString> owning(const char* utf8) {
+    return Ref<NSString>::adopt(
+        send<NSString*>(send<id>(cls(), "alloc"_sel), "initWithUTF8String:"_sel, utf8));
+  }
+  NSUInteger length() const { return send<NSUInteger>(this, "length"_sel); }
+  bool isEqualToString(const NSString* other) const { return send<BOOL>(this, "isEqualToString:"_sel, other); }
+  NSString* appending(const NSString* tail) const { return send<NSString*>(this, "stringByAppendingString:"_sel, tail); }
+  NSString* appendingPathComponent(const NSString* name) const {
+    return send<NSString*>(this, "stringByAppendingPathComponent:"_sel, name);
+  }
+  /// The index must not lie beyond the end.
+  NSString* substringFromIndex(NSUInteger index) const {
+    return send<NSString*>(this, "substringFromIndex:"_sel, index);
+  }
+  NSString* replacing(const NSString* part, const NSString* replacement) const {
+    return send<NSString*>(this, "stringByReplacingOccurrencesOfString:withString:"_sel, part, replacement);
+  }
+};
+
+/// A text made at the first use of the literal and kept for the life of the process.
+template <LiteralText Text>
+NSString* operator""_ns() {
+  static constinit Slot<NSString> slot;
+  if (!slot) slot.set(NSString::owning(Text.characters));
+  return slot.get();
+}
+
+/// What the format "%@" writes for an object: its description, and "(null)" for nil.
+inline NSString* formatted(NSObject* object) {
+  NSString* text = object->description();
+  return text != nullptr ? text : "(null)"_ns;
+}
+
+class NSNumber : public NSObject {
+ public:
+  static Class cls() { return "NSNumber"_cls; }
+  static NSNumber* withBool(bool value) { return send<NSNumber*>(cls(), "numberWithBool:"_sel, BOOL{value}); }
+  static NSNumber* withInt(int value) { return send<NSNumber*>(cls(), "numberWithInt:"_sel, value); }
+  static NSNumber* withInteger(NSInteger value) { return send<NSNumber*>(cls(), "numberWithLongLong:"_sel, value); }
+  static NSNumber* withUnsigned(std::uint64_t value) {
+    return send<NSNumber*>(cls(), "numberWithUnsignedLongLong:"_sel, value);
+  }
+  static NSNumber* withDouble(double value) { return send<NSNumber*>(cls(), "numberWithDouble:"_sel, value); }
+};
+
+class NSArray : public NSObject {
+ public:
+  static Class cls() { return "NSArray"_cls; }
+  static NSArray* array() { return send<NSArray*>(cls(), "array"_sel); }
+  NSUInteger count() const { return send<NSUInteger>(this, "count"_sel); }
+  template <class T = NSObject>
+  T* at(NSUInteger index) const {
+    return send<T*>(this, "objectAtIndex:"_sel, index);
+  }
+};
+
+class NSMutableArray : public NSArray {
+ public:
+  static NSMutableArray* array() { return send<NSMutableArray*>("NSMutableArray"_cls, "array"_sel); }
+  /// A mutable array of the same objects; an empty one for nil.
+  static NSMutableArray* copyOf(const NSArray* other) {
+    return send<NSMutableArray*>("NSMutableArray"_cls, "arrayWithArray:"_sel, other != nullptr ? other : array());
+  }
+  void add(const NSObject* object) { send(this, "addObject:"_sel, object); }
+};
+
+class NSDictionary : public NSObject {
+ public:
+  static Class cls() { return "NSDictionary"_cls; }
+  /// The property list at `path`, or nil when there is none that holds a dictionary.
+  static NSDictionary* withContentsOfFile(const NSString* path) {
+    return send<NSDictionary*>(cls(), "dictionaryWithContentsOfFile:"_sel, path);
+  }
+  static NSDictionary* with(const NSObject* object, const NSString* key) {
+    return send<NSDictionary*>(cls(), "dictionaryWithObject:forKey:"_sel, object, key);
+  }
+  NSObject* operator[](const NSString* key) const { return send<NSObject*>(this, "objectForKey:"_sel, key); }
+  bool writeToFileAtomically(const NSString* path) const {
+    return send<BOOL>(this, "writeToFile:atomically:"_sel, path, BOOL{true});
+  }
+};
+
+class NSData : public NSObject {
+ public:
+  /// The file's bytes, or nil when it cannot be read.
+  static NSData* withContentsOfFile(const NSString* path) {
+    return send<NSData*>("NSData"_cls, "dataWithContentsOfFile:"_sel, path);
+  }
+};
+
+class NSURL : public NSObject {
+ public:
+  /// Nil for a text that is no URL.
+  static NSURL* withString(const NSString* text) { return send<NSURL*>("NSURL"_cls, "URLWithString:"_sel, text); }
+  NSString* path() const { return send<NSString*>(this, "path"_sel); }
+};
+
+extern "C" NSString* NSFilePosixPermissions;
+
+class NSFileManager : public NSObject {
+ public:
+  static NSFileManager* defaultManager() { return send<NSFileManager*>("NSFileManager"_cls, "defaultManager"_sel); }
+  bool fileExists(const NSString* path) const { return send<BOOL>(this, "fileExistsAtPath:"_sel, path); }
+  bool createFile(const NSString* path, const NSData* contents, const NSDictionary* attributes) const {
+    return send<BOOL>(this, "createFileAtPath:contents:attributes:"_sel, path, contents, attributes);
+  }
+  /// Every file and folder below `path`, relative to it; nil when it cannot be read.
+  NSArray* subpathsOfDirectory(const NSString* path) const {
+    return send<NSArray*>(this, "subpathsOfDirectoryAtPath:error:"_sel, path, static_cast<id*>(nullptr));
+  }
+  /// The size in bytes of what is at `path`; 0 when its attributes cannot be read.
+  std::uint64_t fileSize(const NSString* path) const {
+    auto* attributes =
+        send<NSDictionary*>(this, "attributesOfItemAtPath:error:"_sel, path, static_cast<id*>(nullptr));
+    return send<std::uint64_t>(attributes, "fileSize"_sel);
+  }
+};

@@ -1,0 +1,131 @@
+// Typed message sends, selector and class literals, and reference ownership.
+#pragma once
+
+#include <type_traits>
+
+#include "platform/runtime.hpp"
+
+/// A character array that can be a template argument, so that a literal has a slot of its own.
+template <std::size_t Size>
+struct LiteralText {
+  char characters[Size];
+  consteval LiteralText(const char (&text)[Size]) {  // NOLINT(google-explicit-constructor): made from literals
+    for (std::size_t i = 0; i < Size; ++i) characters[i] = text[i];
+  }
+};
+
+/// The selector of that name, looked up at the first use of the literal and kept.
+template <LiteralText Text>
+SEL operator""_sel() {
+  static constinit SEL selector = nullptr;
+  if (selector == nullptr) selector = sel_registerName(Text.characters);
+  return selector;
+}
+
+/// The class of that name, kept from the first time it is found; nil while there is none.
+template <LiteralText Text>
+Class operator""_cls() {
+  static constinit Class cls = nullptr;
+  if (cls == nullptr) cls = objc_getClass(Text.characters);
+  return cls;
+}
+
+// Struct results of more than 16 bytes travel through memory on x86-64 and have an entry point of their
+// own there. This is a matter of the processor; no other architecture of the platform has it.
+#if defined(__x86_64__)
+inline constexpr bool largeStructsHaveOwnEntryPoint = true;
+#else
+inline constexpr bool largeStructsHaveOwnEntryPoint = false;
+#endif
+
+template <class Result>
+constexpr bool returnedThroughMemory() {
+  if constexpr (std::is_class_v<Result>) return largeStructsHaveOwnEntryPoint && sizeof(Result) > 16;
+  return false;
+}
+
+/// Sends a message and gives its result. A nil receiver gives nil, zero or an all-zero struct.
+/// The arguments must have the method's own types: nothing converts them on the way.
+template <class Result = void, class... Arguments>
+Result send(const void* receiver, SEL selector, Arguments... arguments) {
+  using Function = Result (*)(const void*, SEL, Arguments...);
+  if constexpr (returnedThroughMemory<Result>()) {
+    if (receiver == nullptr) return Result{};
+    return reinterpret_cast<Function>(&objc_msgSend_stret)(receiver, selector, arguments...);
+  } else {
+    return reinterpret_cast<Function>(&objc_msgSend)(receiver, selector, arguments...);
+  }
+}
+
+/// Sends a message to the superclass's implementation; `superclass` is where the lookup begins.
+template <class Result = void, class... Arguments>
+Result sendSuper(const void* receiver, Class superclass, SEL selector, Arguments... arguments) {
+  objc_super target{static_cast<id>(const_cast<void*>(receiver)), superclass};
+  return reinterpret_cast<Result (*)(objc_super*, SEL, Arguments...)>(&objc_msgSendSuper)(&target, selector,
+                                                                                        arguments...);
+}
+
+/// An object as the C interface wants it.
+inline id asId(const void* object) { return static_cast<id>(const_cast<void*>(object)); }
+
+/// An owning reference: keeps its object alive for as long as it lives. May hold nil.
+template <class T>
+class Ref {
+ public:
+  Ref() = default;
+  /// Retains `object`.
+  Ref(T* object) : object_(object) { objc_retain(asId(object)); }  // NOLINT(google-explicit-constructor)
+  Ref(const Ref& other) : Ref(other.object_) {}
+  Ref(Ref&& other) noexcept : object_(other.object_) { other.object_ = nullptr; }
+  ~Ref() { objc_release(asId(object_)); }
+  Ref& operator=(Ref other) noexcept {
+    T* previous = object_;
+    object_ = other.object_;
+    other.object_ = previous;
+    return *this;
+  }
+  /// Takes over a reference that the caller owns already, as `alloc`/`init` and `copy` give.
+  static Ref adopt(T* object) {
+    Ref reference;
+    reference.object_ = object;
+    return reference;
+  }
+  T* get() const { return object_; }
+  T* operator->() const { return object_; }
+  operator T*() const { return object_; }  // NOLINT(google-explicit-constructor)
+
+ private:
+  T* object_ = nullptr;
+};
+
+/// A process-wide owning slot. It is made of constants and never destroyed, so nothing runs at load or exit.
+template <class T>
+class Slot {
+ public:
+  /// Retains `object` (which may be nil) and lets go of what was held before.
+  void set(T* object) {
+    objc_retain(asId(object));
+    T* previous = object_;
+    object_ = object;
+    objc_release(asId(previous));
+  }
+  void clear() { set(nullptr); }
+  T* get() const { return object_; }
+  T* operator->() const { return object_; }
+  explicit operator bool() const { return object_ != nullptr; }
+
+ private:
+  T* object_ = nullptr;
+};
+
+/// Drains what was autoreleased during its life.
+class AutoreleasePool {
+ public:
+  AutoreleasePool() : pool_(objc_autoreleasePoolPush()) {}
+  ~AutoreleasePool() { objc_autoreleasePoolPop(pool_); }
+  AutoreleasePool(const AutoreleasePool&) = delete;
+  AutoreleasePool& operator=(const AutoreleasePool&) = delete;
+
+ private:
+  void* pool_;
+};

@@ -1,0 +1,150 @@
+// What a person sees of the home screen, as one value.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+// Optional parts are null in the JSON form.
+namespace nlohmann {
+template <class T>
+struct adl_serializer<std::optional<T>> {
+  static void to_json(json& target, const std::optional<T>& value) {
+    if (value) target = *value;
+    else target = nullptr;
+  }
+  static void from_json(const json& source, std::optional<T>& value) {
+    if (source.is_null()) value.reset();
+    else value = source.get<T>();
+  }
+};
+}  // namespace nlohmann
+
+namespace sim {
+
+/// A rectangle in points.
+struct Frame {
+  double x = 0, y = 0, width = 0, height = 0;
+  bool operator==(const Frame&) const = default;
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Frame, x, y, width, height)
+
+/// An icon on the home screen.
+struct IconOnScreen {
+  std::string id;      ///< bundle identifier; empty for a bookmark
+  std::string kind;    ///< "application", "downloading" or "bookmark"
+  std::string label;   ///< the label's text, seen or not
+  bool labelHidden = false;
+  std::string badge;   ///< empty without a badge
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(IconOnScreen, id, kind, label, labelHidden, badge)
+
+/// An entry of the platform's quick-action list.
+struct QuickAction {
+  std::string title;
+  std::string subtitle;
+  std::string image;   ///< "" without a picture, else "PATH" with " (template)" when tinted, or "PNG of N bytes"
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(QuickAction, title, subtitle, image)
+
+struct QuickActionList {
+  std::string id;  ///< the icon's bundle identifier
+  std::vector<QuickAction> entries;
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(QuickActionList, id, entries)
+
+struct ButtonOnScreen {
+  std::string title;
+  std::string style;  ///< "default", "cancel" or "destructive"
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(ButtonOnScreen, title, style)
+
+struct TextFieldOnScreen {
+  std::string text;
+  std::string placeholder;
+  std::string keyboard;     ///< "default" or "number pad"
+  std::string clearButton;  ///< "never" or "always"
+  std::string returnKey;    ///< "default" or "done"
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(TextFieldOnScreen, text, placeholder, keyboard, clearButton, returnKey)
+
+/// Where a tablet shows a sheet.
+struct Popover {
+  std::string sourceView;  ///< the view's class
+  bool sourceIsRootView = false;
+  Frame sourceRect;
+  std::uint64_t arrowDirections = 0;
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Popover, sourceView, sourceIsRootView, sourceRect, arrowDirections)
+
+/// A sheet or an alert.
+struct AlertOnScreen {
+  std::string style;  ///< "action sheet" or "alert"
+  std::optional<std::string> title;
+  std::optional<std::string> message;
+  std::vector<ButtonOnScreen> buttons;  ///< in the order they were added
+  std::vector<TextFieldOnScreen> textFields;
+  std::optional<Popover> popover;  ///< on a tablet, for action sheets
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(AlertOnScreen, style, title, message, buttons, textFields, popover)
+
+/// A view inside a window, with what can be seen of it.
+struct ViewOnScreen {
+  std::string className;
+  Frame frame;
+  bool hidden = false;
+  bool userInteraction = true;
+  double alpha = 1;
+  double cornerRadius = 0;
+  std::string background;  ///< "" for none, else "white,alpha" for a grey tone: black is "0,1"
+  std::string text;        ///< of a label
+  std::string textColor;   ///< of a label, written as `background`
+  double fontSize = 0;     ///< of a label
+  long textAlignment = 0;  ///< of a label: 1 is centred
+  bool spinning = false;   ///< of an activity indicator
+  long spinnerStyle = 0;   ///< of an activity indicator
+  std::vector<ViewOnScreen> subviews;
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(ViewOnScreen, className, frame, hidden, userInteraction, alpha, cornerRadius,
+                                   background, text, textColor, fontSize, textAlignment, spinning, spinnerStyle,
+                                   subviews)
+
+/// A window above the home screen's own.
+struct WindowOnScreen {
+  double level = 0;
+  bool key = false;
+  Frame frame;
+  std::string background;
+  std::vector<ViewOnScreen> views;  ///< subviews of the window itself, root view included
+  std::optional<AlertOnScreen> alert;
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(WindowOnScreen, level, key, frame, background, views, alert)
+
+/// A notification as it arrived at a place.
+struct NotificationOnScreen {
+  std::string id;
+  std::string text;
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(NotificationOnScreen, id, text)
+
+/// Everything a person sees.
+struct Screen {
+  std::string generation;  ///< "old" or "new"
+  bool on = true;
+  bool locked = false;
+  bool poweringDown = false;
+  bool editing = false;
+  std::string frontmost;  ///< bundle identifier of the open application; empty on the home screen
+  std::vector<IconOnScreen> icons;
+  std::optional<QuickActionList> quickActions;
+  std::vector<WindowOnScreen> windows;  ///< visible ones, bottom first
+  std::vector<NotificationOnScreen> banners;
+  std::vector<NotificationOnScreen> lockScreen;
+  std::vector<std::string> switcher;  ///< the application switcher's titles, latest first
+  std::vector<std::string> events;    ///< since last asked: "screen woken by ID", "sound for ID", "launched ID …"
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Screen, generation, on, locked, poweringDown, editing, frontmost, icons,
+                                   quickActions, windows, banners, lockScreen, switcher, events)
+
+}  // namespace sim

@@ -1,0 +1,37 @@
+#include "simulator/runtime/call_log.hpp"
+
+#include <string_view>
+
+namespace sim {
+namespace {
+bool loggingMessages = false;
+
+// Foundation's messages say nothing about the home screen: texts, numbers, files.
+bool isFoundation(std::string_view className) {
+  return className.starts_with("NS") || className.starts_with("GS");
+}
+}  // namespace
+
+std::vector<Call>& callLog() {
+  static std::vector<Call> log;
+  return log;
+}
+
+void logMessages(bool on) { loggingMessages = on; }
+
+void logMethod(Call::Kind kind, Class cls, SEL selector, const char* encoding) {
+  callLog().push_back({kind, class_getName(cls), sel_getName(selector), encoding != nullptr ? encoding : ""});
+}
+
+}  // namespace sim
+
+/// The lookup behind the message-send entry points. The receiver is never nil.
+extern "C" IMP sim_lookUpMessage(id receiver, SEL selector) {
+  if (sim::loggingMessages) {
+    Class cls = receiver->isa;
+    if (!sim::isFoundation(class_getName(cls)))
+      sim::callLog().push_back({sim::Call::Kind::send, class_getName(cls), sel_getName(selector),
+                                class_isMetaClass(cls) ? "+" : "-"});
+  }
+  return objc_msg_lookup(receiver, selector);
+}
