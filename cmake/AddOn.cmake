@@ -3,22 +3,36 @@
 file(GLOB_RECURSE addon_sources CONFIGURE_DEPENDS
   loader/*.cpp settings/*.cpp state/*.cpp appdata/*.cpp menu/*.cpp badges/*.cpp clipboard/*.cpp mute/*.cpp labels/*.cpp)
 
-add_library(Sprigdial MODULE ${addon_sources})
-set_target_properties(Sprigdial PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
-target_include_directories(Sprigdial PRIVATE ${PROJECT_SOURCE_DIR})
-target_compile_options(Sprigdial PRIVATE
+add_library(addon_options INTERFACE)
+target_include_directories(addon_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(addon_options INTERFACE
   -ffreestanding -fno-exceptions -fno-rtti -fno-threadsafe-statics -fvisibility=hidden
   # A message to nil is nothing on this platform, whichever way it is written.
   -fno-delete-null-pointer-checks
   -Wall -Wextra -Werror)
-
-if(DEVICE)
-  set_target_properties(Sprigdial PROPERTIES SUFFIX .dylib)
-else()
-  target_link_options(Sprigdial PRIVATE -nostdlib -fuse-ld=lld-16 -Wl,-z,undefs -Wl,-z,now)
-  if(SANITIZE)
-    target_compile_options(Sprigdial PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all
-      # Messages to nil, and methods called through the receiver's type as the caller sees it.
-      -fno-sanitize=null,function,vptr)
-  endif()
+if(SANITIZE)
+  target_compile_options(addon_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+    # Messages to nil, and methods called through the receiver's type as the caller sees it.
+    -fno-sanitize=null,function,vptr)
 endif()
+
+if(NOT DEVICE)
+  add_library(Sprigdial MODULE ${addon_sources})
+  set_target_properties(Sprigdial PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+  target_link_libraries(Sprigdial PRIVATE addon_options)
+  target_link_options(Sprigdial PRIVATE -nostdlib -fuse-ld=lld-16 -Wl,-z,undefs -Wl,-z,now)
+  return()
+endif()
+
+# The link stubs name what a phone's own libraries export. The hooking loader's symbol is found at run time:
+# it is no library of the system's.
+add_library(addon_objects OBJECT ${addon_sources})
+target_link_libraries(addon_objects PRIVATE addon_options)
+file(GLOB stubs CONFIGURE_DEPENDS platform/stubs/*.tbd)
+set(library ${CMAKE_BINARY_DIR}/Sprigdial.dylib)
+add_custom_command(OUTPUT ${library}
+  COMMAND ld64.lld-16 -dylib -arch arm64 -platform_version ios 10.0 14.0 -adhoc_codesign -dead_strip
+    -install_name @rpath/Sprigdial.dylib -U _MSHookMessageEx -o ${library} $<TARGET_OBJECTS:addon_objects> ${stubs}
+  DEPENDS addon_objects $<TARGET_OBJECTS:addon_objects> ${stubs}
+  COMMAND_EXPAND_LISTS VERBATIM)
+add_custom_target(Sprigdial ALL DEPENDS ${library})

@@ -33,6 +33,7 @@ class NSString : public NSObject {
     return Ref<NSString>::adopt(
         send<NSString*>(send<id>(cls(), "alloc"_sel), "initWithUTF8String:"_sel, utf8));
   }
+  static NSString* text(const char* utf8) { return send<NSString*>(cls(), "stringWithUTF8String:"_sel, utf8); }
   NSUInteger length() const { return send<NSUInteger>(this, "length"_sel); }
   bool isEqualToString(const NSString* other) const { return send<BOOL>(this, "isEqualToString:"_sel, other); }
   NSString* appending(const NSString* tail) const { return send<NSString*>(this, "stringByAppendingString:"_sel, tail); }
@@ -105,7 +106,8 @@ class NSDictionary : public NSObject {
   static NSDictionary* with(const NSObject* object, const NSString* key) {
     return send<NSDictionary*>(cls(), "dictionaryWithObject:forKey:"_sel, object, key);
   }
-  NSObject* operator[](const NSString* key) const { return send<NSObject*>(this, "objectForKey:"_sel, key); }
+  /// Nil when there is none.
+  NSObject* objectForKey(const NSString* key) const { return send<NSObject*>(this, "objectForKey:"_sel, key); }
   bool writeToFileAtomically(const NSString* path) const {
     return send<BOOL>(this, "writeToFile:atomically:"_sel, path, BOOL{true});
   }
@@ -124,6 +126,17 @@ class NSURL : public NSObject {
   /// Nil for a text that is no URL.
   static NSURL* withString(const NSString* text) { return send<NSURL*>("NSURL"_cls, "URLWithString:"_sel, text); }
   NSString* path() const { return send<NSString*>(this, "path"_sel); }
+};
+
+class NSNotificationCenter : public NSObject {
+ public:
+  /// The process's own center; delivers before `post` returns.
+  static NSNotificationCenter* defaultCenter() {
+    return send<NSNotificationCenter*>("NSNotificationCenter"_cls, "defaultCenter"_sel);
+  }
+  void post(const NSString* name) const {
+    send(this, "postNotificationName:object:"_sel, name, static_cast<id>(nullptr));
+  }
 };
 
 extern "C" NSString* NSFilePosixPermissions;

@@ -1,0 +1,33 @@
+#include "appdata/alert.hpp"
+
+void closeAlertWindow() {
+  alertWindow->setHidden(true);
+  alertWindow.clear();
+  alertRootController.clear();
+}
+
+void openAlertWindow() {
+  if (alertWindow) {
+    alertWindow->setHidden(true);
+    alertWindow.clear();
+  }
+  alertWindow.set(UIWindow::withFrame(UIScreen::mainScreen()->bounds()));
+  alertWindow->setWindowLevel(UIWindowLevelAlert - 1.0);
+  alertWindow->makeKeyAndVisible();
+  alertWindow->setRootViewController(UIViewController::make());
+  alertRootController.set(alertWindow->rootViewController());
+}
+
+void anchorPopover(UIAlertController* sheet) {
+  if (!UIDevice::currentDevice()->isPad()) return;
+  UIView* view = alertRootController->view();
+  UIPopoverPresentationController* popover = sheet->popoverPresentationController();
+  popover->setSourceView(view);
+  popover->setSourceRect(view->bounds());
+  popover->setPermittedArrowDirections(0);
+}
+
+void presentAlert(UIAlertController* alert) {
+  openAlertWindow();
+  alertRootController->present(alert);
+}

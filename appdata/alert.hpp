@@ -1,0 +1,19 @@
+// The one window from which every sheet, alert and overlay of the add-on is shown.
+#pragma once
+
+#include "platform/UIKit.hpp"
+
+/// Nil while nothing is shown. Whoever shows something replaces it.
+inline constinit Slot<UIWindow> alertWindow;
+/// The window's root controller, from which sheets and alerts are presented.
+inline constinit Slot<UIViewController> alertRootController;
+
+/// Takes the window off the screen and lets go of it and of its root controller at once.
+void closeAlertWindow();
+/// Replaces the window by a new one, full-screen and just below the system's own alerts.
+void openAlertWindow();
+/// Lets a tablet show the sheet as a popover without an arrow over the whole window. Does nothing on a phone.
+/// The window must be open.
+void anchorPopover(UIAlertController* sheet);
+/// Presents an alert in a window of its own.
+void presentAlert(UIAlertController* alert);

@@ -1,0 +1,158 @@
+#include "menu/action_menu.hpp"
+
+#include "appdata/alert.hpp"
+#include "appdata/paths.hpp"
+#include "menu/cache_size.hpp"
+#include "menu/shortcut.hpp"
+#include "platform/dispatch.hpp"
+#include "settings/settings.hpp"
+#include "state/generation.hpp"
+#include "state/target.hpp"
+
+namespace menu {
+namespace {
+
+// The sheet now shown; it keeps a second one away until 0.8 seconds after its presentation.
+constinit Slot<UIAlertController> openSheet;
+// The badge that the target icon shows; nil when it shows none.
+constinit Slot<NSObject> currentBadge;
+
+/// What the menu knows of its application while it is built.
+struct Application {
+  NSString* bundleText;
+  NSString* dataFolder;
+  NSString* cachesFolder;
+  NSString* backupFolder;
+  std::uint64_t cacheBytes;
+};
+
+/// What a chosen entry gets.
+struct Choice {
+  MenuHost* host;
+  Ref<SBIcon> icon;
+};
+
+bool exists(const NSString* path) { return NSFileManager::defaultManager()->fileExists(path); }
+
+bool canOpenFileManager() {
+  return UIApplication::sharedApplication()->canOpenURL(NSURL::withString("filza://"_ns));
+}
+
+// Conditions beside the entry's setting.
+bool always(const Application&) { return true; }
+// The bundle's text is not decoded: the file manager could not open a path with a blank anyway.
+bool bundleOpens(const Application& app) { return canOpenFileManager() && exists(app.bundleText); }
+bool dataOpens(const Application& app) { return canOpenFileManager() && exists(app.dataFolder); }
+bool hasBadge(const Application&) { return static_cast<bool>(currentBadge); }
+bool hasCaches(const Application& app) { return exists(app.cachesFolder); }
+bool hasData(const Application& app) { return exists(app.dataFolder); }
+bool hasBackups(const Application& app) { return exists(app.backupFolder); }
+
+// Actions.
+template <LiteralText Selector>
+void sendToHost(const Choice& choice) {
+  const SEL selector = operator""_sel<Selector>();
+  if (choice.host->respondsToSelector(selector)) send(choice.host, selector);
+}
+
+void rename(const Choice& choice) {
+  SBIconView* view = Generation::current().iconView(choice.icon);
+  auto* renamer =
+      send<NSObject*>("RenameIcon"_cls, "renamerWithIcon:iconView:"_sel, static_cast<SBIcon*>(choice.icon), view);
+  send(renamer, "receiveTouch"_sel);
+}
+
+void nothing(const Choice&) {}
+
+/// An entry of the menu. `setting` is null for one that cannot be switched off.
+struct Entry {
+  const char* title;
+  bool Settings::*setting;
+  bool (*isShown)(const Application& app);
+  void (*choose)(const Choice& choice);
+  UIAlertActionStyle style = UIAlertActionStyle::standard;
+};
+
+// The destructive entries look like the others: each asks before it does anything.
+constexpr Entry entries[] = {
+    {"Open in Filza [App]", &Settings::openFilza, bundleOpens, sendToHost<"openInFilzaApp">},
+    {"Open in Filza [Data]", &Settings::openFilza, dataOpens, sendToHost<"openInFilzaData">},
+    {"Rename App", &Settings::useRename, always, rename},
+    {"Clear Badges", &Settings::useBadge, hasBadge, sendToHost<"clearBadges">},
+    {"Set Badges", &Settings::useCustom, always, sendToHost<"setBadges">},
+    {"Clear Caches", &Settings::useCache, hasCaches, sendToHost<"clearCaches">},
+    {"Backup Data", &Settings::useBackUp, hasData, sendToHost<"backUpData">},
+    {"Restore Data", &Settings::useRestore, hasBackups, sendToHost<"restoreData">},
+    {"Delete Backup Data", &Settings::delBackUp, hasBackups, sendToHost<"deleteBackUp">},
+    // An application without caches has never been used; there is nothing to reset.
+    {"Remove All User Data", &Settings::useReset, hasCaches, sendToHost<"resetAppData">},
+    {"Copy BundleID", &Settings::useCopyID, always, nothing},
+    {"Copy URL Schemes", &Settings::useCopySchemes, always, nothing},
+    {"Mute Notification", &Settings::useMute, always, sendToHost<"muteNotifications">},
+    {"Open App", &Settings::openApp, always, sendToHost<"openApps">},
+    {"Cancel", nullptr, always, nothing, UIAlertActionStyle::cancel},
+};
+
+NSString* titleOf(const Entry& entry, const Application& app) {
+  // The one entry whose title tells more than its name.
+  if (entry.setting == &Settings::useCache && settings.showSize) return cacheSizeTitle(app.cacheBytes);
+  return NSString::text(entry.title);
+}
+
+void addEntries(UIAlertController* sheet, const Application& app, const Choice& choice) {
+  for (const Entry& entry : entries) {
+    if (entry.setting != nullptr && !(settings.*entry.setting)) continue;
+    if (!entry.isShown(app)) continue;
+    sheet->addAction(UIAlertAction::action(titleOf(entry, app), entry.style, [choice, choose = entry.choose] {
+      // A copy of its own: closing the window may free the sheet, and this block with it.
+      const Choice kept = choice;
+      const auto action = choose;
+      closeAlertWindow();
+      action(kept);
+    }));
+  }
+}
+
+NSString* versionOf(NSString* bundleText) {
+  NSString* bundleFolder = bundleText->replacing("%20"_ns, " "_ns);
+  NSDictionary* info = NSDictionary::withContentsOfFile(bundleFolder->appending("/Info.plist"_ns));
+  NSObject* version = info->objectForKey("CFBundleShortVersionString"_ns);
+  return version != nullptr ? formatted(version) : " Unknown"_ns;
+}
+
+void presentSheet(UIAlertController* sheet) {
+  constexpr double firstVersionWithPopovers = 1240.1;
+  openAlertWindow();
+  if (kCFCoreFoundationVersionNumber >= firstVersionWithPopovers) anchorPopover(sheet);
+  alertRootController->present(sheet, [] {
+    constexpr std::int64_t guardTime = 800'000'000;
+    dispatch::afterOnMain(guardTime, [] { openSheet.clear(); });
+  });
+}
+
+}  // namespace
+
+void showAlertView(MenuHost* host, SEL) {
+  NSString* bundleIdentifier = currentBundleIdentifier.get();
+  if (!settings.enabled || bundleIdentifier == nullptr) return;
+  const Choice choice{host, Generation::current().icon(host, bundleIdentifier)};
+  currentBadge.set(choice.icon->badgeNumberOrString());
+
+  SBApplication* application = targetApplication();
+  NSString* bundleText = paths::bundleText(application);
+  if (bundleText == nullptr) return;
+  NSString* version = versionOf(bundleText);
+  NSString* dataFolder = paths::dataContainer(application);
+  NSString* cachesFolder = dataFolder->appending("/Library/Caches"_ns);
+  const Application app{bundleText, dataFolder, cachesFolder, paths::backupFolder(bundleIdentifier),
+                        folderSize(cachesFolder)};
+
+  if (openSheet || (forceTouchActive && !settings.useForce)) return;
+  NSString* message = bundleIdentifier->appending(" Ver."_ns)->appending(version);
+  openSheet.set(UIAlertController::alertController(formatted(application->displayName()), message,
+                                                   UIAlertControllerStyle::actionSheet));
+  addEntries(openSheet.get(), app, choice);
+  presentSheet(openSheet.get());
+}
+
+}  // namespace menu

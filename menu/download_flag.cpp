@@ -1,0 +1,34 @@
+#include "menu/download_flag.hpp"
+
+#include "platform/dispatch.hpp"
+
+namespace menu {
+namespace {
+
+// One hooking environment asks every icon whether it is downloading; there the answer says nothing. It is
+// told by what it leaves in the file system, which may change at any time.
+bool isEnvironmentThatAsksAlways() {
+  NSFileManager* files = NSFileManager::defaultManager();
+  return files->fileExists("/usr/lib/libsubstitute.dylib"_ns) && !files->fileExists("/usr/lib/substrate"_ns) &&
+         files->fileExists("/.installed_unc0ver"_ns);
+}
+
+}  // namespace
+
+BOOL isDownloadingIcon(SBDownloadingIcon* icon, SEL selector) {
+  if (!isEnvironmentThatAsksAlways()) downloading = true;
+  return platformIsDownloadingIcon(icon, selector);
+}
+
+void uninstalledByUser(SBDownloadingIcon* icon, SEL selector) {
+  constexpr std::int64_t halfASecond = 500'000'000;
+  dispatch::afterOnMain(halfASecond, [] {
+    CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(),
+                                         "com.morvanel.sprigdial.isdownload"_ns, nullptr, nullptr, 1);
+  });
+  platformUninstalledByUser(icon, selector);
+}
+
+void downloadEnded(CFNotificationCenterRef, void*, CFStringRef, const void*, const void*) { downloading = false; }
+
+}  // namespace menu

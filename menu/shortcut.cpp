@@ -1,0 +1,85 @@
+#include "menu/shortcut.hpp"
+
+#include "settings/settings.hpp"
+#include "state/target.hpp"
+
+namespace menu {
+namespace {
+
+bool isOffered() { return settings.enabled && settings.useForce; }
+
+NSString* itemType() { return "SprigdialItem"_ns; }
+NSString* itemTitle() { return "Sprigdial"_ns; }
+
+Ref<SBSApplicationShortcutItem> makeItem(const NSString* bundleIdentifier) {
+  auto item = SBSApplicationShortcutItem::make();
+  item->setLocalizedTitle(itemTitle());
+  item->setBundleIdentifierToLaunch(bundleIdentifier);
+  item->setType(itemType());
+  return item;
+}
+
+void openMenu(const MenuHost* host) { send(host, "showAlertView"_sel); }
+
+}  // namespace
+
+NSArray* applicationShortcutItems(SBUIAppIconForceTouchControllerDataProvider* provider, SEL selector) {
+  NSString* bundleIdentifier = isOffered() ? provider->applicationBundleIdentifier() : nullptr;
+  if (bundleIdentifier == nullptr) return platformApplicationShortcutItems(provider, selector);
+  currentBundleIdentifier.set(bundleIdentifier);
+  auto* items = NSMutableArray::copyOf(platformApplicationShortcutItems(provider, selector));
+  items->add(makeItem(bundleIdentifier));
+  return items;
+}
+
+SBUIAction* initAction(SBUIAction* action, SEL selector, NSString* title, NSString* subtitle, UIImage* image,
+                       UIView* badgeView, const void* handler) {
+  // Any action of this title gets the picture: the list's actions carry nothing else to tell them by.
+  if (isOffered() && title->isEqualToString(itemTitle())) {
+    image = UIImage::withContentsOfFile("/Library/PreferenceBundles/SprigdialSettings.bundle/Sprigdial.png"_ns)
+                ->withRenderingMode(UIImageRenderingMode::alwaysTemplate);
+  }
+  return platformInitAction(action, selector, title, subtitle, image, badgeView, handler);
+}
+
+BOOL shouldActivateForceTouchItem(SBIconController* host, SEL selector, SBUIAppIconForceTouchController* controller,
+                                  SBSApplicationShortcutItem* item, NSInteger index, NSObject* gestureRecognizer) {
+  if (isOffered()) {
+    auto* type = send<NSString*>(item, "performSelector:"_sel, "type"_sel);
+    if (type->isEqualToString(itemType())) {
+      openMenu(SBIconController::sharedInstance());
+      return false;
+    }
+  }
+  return platformShouldActivateForceTouchItem(host, selector, controller, item, index, gestureRecognizer);
+}
+
+NSInteger forceTouchState(SBUIAppIconForceTouchController* controller, SEL selector) {
+  // Whatever the settings: the menu looks at the flag exactly when the quick-action entry is switched off.
+  forceTouchActive = platformForceTouchState(controller, selector) > 0;
+  // Asked anew: the answer must be the platform's own at the time it is given.
+  return platformForceTouchState(controller, selector);
+}
+
+NSArray* shortcutItemsForIconView(MenuHost* host, SEL selector, SBIconView* view, NSArray* proposed) {
+  NSArray* platformItems = platformShortcutItemsForIconView(host, selector, view, proposed);
+  if (!isOffered() || !currentBundleIdentifier) return platformItems;
+  auto item = makeItem(currentBundleIdentifier.get());
+  item->setIcon(SBSApplicationShortcutCustomImageIcon::withPNG(
+      NSData::withContentsOfFile("/Library/PreferenceBundles/SprigdialSettings.bundle/icon@3x.png"_ns)));
+  auto* items = NSMutableArray::copyOf(platformItems);
+  items->add(item);
+  return items;
+}
+
+BOOL shouldActivateItem(MenuHost* host, SEL selector, SBIconView* view, SBSApplicationShortcutItem* item,
+                        NSInteger index) {
+  if (isOffered() && item->type()->isEqualToString(itemType()) &&
+      item->localizedTitle()->isEqualToString(itemTitle())) {
+    openMenu(host);
+    return false;
+  }
+  return platformShouldActivateItem(host, selector, view, item, index);
+}
+
+}  // namespace menu

@@ -1,0 +1,114 @@
+// The home screen's classes, as far as the add-on calls or hooks them. Main thread only. A class that the
+// running generation lacks is simply not there: messages to it give nil.
+#pragma once
+
+#include "platform/UIKit.hpp"
+
+/// An icon on the home screen.
+class SBIcon : public NSObject {
+ public:
+  /// Nil for an icon that is no application.
+  NSString* applicationBundleID() const { return send<NSString*>(this, "applicationBundleID"_sel); }
+  /// A number or a text; nil when the icon shows no badge.
+  NSObject* badgeNumberOrString() const { return send<NSObject*>(this, "badgeNumberOrString"_sel); }
+};
+
+class SBIconView : public UIView {
+ public:
+  static Class cls() { return "SBIconView"_cls; }
+  SBIcon* icon() const { return send<SBIcon*>(this, "icon"_sel); }
+};
+
+class SBIconModel : public NSObject {
+ public:
+  SBIcon* applicationIcon(const NSString* bundleIdentifier) const {
+    return send<SBIcon*>(this, "applicationIconForBundleIdentifier:"_sel, bundleIdentifier);
+  }
+  SBIcon* leafIcon(const NSString* identifier) const {
+    return send<SBIcon*>(this, "leafIconForIdentifier:"_sel, identifier);
+  }
+};
+
+/// The icons' views: the old generation's map or the new one's list.
+class SBIconViewMap : public NSObject {
+ public:
+  SBIconModel* iconModel() const { return send<SBIconModel*>(this, "iconModel"_sel); }
+  /// Nil when the icon has no view there.
+  SBIconView* iconView(const SBIcon* icon) const { return send<SBIconView*>(this, "iconViewForIcon:"_sel, icon); }
+};
+
+/// The object that carries the added menu methods: `SBIconController` or `SBHIconManager`.
+class MenuHost : public NSObject {
+ public:
+  bool isEditing() const { return send<BOOL>(this, "isEditing"_sel); }
+  SBIconModel* iconModel() const { return send<SBIconModel*>(this, "iconModel"_sel); }
+};
+
+class SBIconController : public MenuHost {
+ public:
+  static SBIconController* sharedInstance() {
+    return send<SBIconController*>("SBIconController"_cls, "sharedInstance"_sel);
+  }
+  SBIconViewMap* homescreenIconViewMap() const { return send<SBIconViewMap*>(this, "homescreenIconViewMap"_sel); }
+};
+
+class SBApplicationInfo : public NSObject {
+ public:
+  /// The bundle folder's location; nil while the application is not installed.
+  NSObject* installInstanceID() const { return send<NSObject*>(this, "installInstanceID"_sel); }
+  NSURL* dataContainerURL() const { return send<NSURL*>(this, "dataContainerURL"_sel); }
+};
+
+class SBApplication : public NSObject {
+ public:
+  NSString* displayName() const { return send<NSString*>(this, "displayName"_sel); }
+  SBApplicationInfo* info() const { return send<SBApplicationInfo*>(this, "info"_sel); }
+};
+
+class SBApplicationController : public NSObject {
+ public:
+  static SBApplicationController* sharedInstance() {
+    return send<SBApplicationController*>("SBApplicationController"_cls, "sharedInstance"_sel);
+  }
+  /// Nil for an unknown identifier.
+  SBApplication* application(const NSString* bundleIdentifier) const {
+    return send<SBApplication*>(this, "applicationWithBundleIdentifier:"_sel, bundleIdentifier);
+  }
+};
+
+/// The picture of a quick action.
+class SBSApplicationShortcutCustomImageIcon : public NSObject {
+ public:
+  static Ref<SBSApplicationShortcutCustomImageIcon> withPNG(const NSData* data) {
+    return Ref<SBSApplicationShortcutCustomImageIcon>::adopt(send<SBSApplicationShortcutCustomImageIcon*>(
+        send<id>("SBSApplicationShortcutCustomImageIcon"_cls, "alloc"_sel), "initWithImagePNGData:"_sel, data));
+  }
+};
+
+/// An entry of an icon's quick-action list.
+class SBSApplicationShortcutItem : public NSObject {
+ public:
+  static Ref<SBSApplicationShortcutItem> make() {
+    return Ref<SBSApplicationShortcutItem>::adopt(send<SBSApplicationShortcutItem*>(
+        send<id>("SBSApplicationShortcutItem"_cls, "alloc"_sel), "init"_sel));
+  }
+  void setLocalizedTitle(const NSString* title) { send(this, "setLocalizedTitle:"_sel, title); }
+  void setBundleIdentifierToLaunch(const NSString* identifier) {
+    send(this, "setBundleIdentifierToLaunch:"_sel, identifier);
+  }
+  void setType(const NSString* type) { send(this, "setType:"_sel, type); }
+  void setIcon(const SBSApplicationShortcutCustomImageIcon* icon) { send(this, "setIcon:"_sel, icon); }
+  NSString* localizedTitle() const { return send<NSString*>(this, "localizedTitle"_sel); }
+  NSString* type() const { return send<NSString*>(this, "type"_sel); }
+};
+
+/// Supplies the entries of the old generation's quick-action list.
+class SBUIAppIconForceTouchControllerDataProvider : public NSObject {
+ public:
+  NSString* applicationBundleIdentifier() const { return send<NSString*>(this, "applicationBundleIdentifier"_sel); }
+};
+
+// Only passed through.
+class SBDownloadingIcon;
+class SBUIAppIconForceTouchController;
+class SBUIAction;

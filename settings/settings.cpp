@@ -1,0 +1,76 @@
+#include "settings/settings.hpp"
+
+namespace {
+
+/// A key of the settings file: its type, default and destination.
+struct Key {
+  const char* name;
+  double defaultValue;
+  bool Settings::*flag = nullptr;
+  int Settings::*number = nullptr;
+  float Settings::*real = nullptr;
+
+  consteval Key(const char* key, bool Settings::*destination, bool otherwise)
+      : name(key), defaultValue(otherwise ? 1 : 0), flag(destination) {}
+  consteval Key(const char* key, int Settings::*destination, int otherwise)
+      : name(key), defaultValue(otherwise), number(destination) {}
+  consteval Key(const char* key, float Settings::*destination, double otherwise)
+      : name(key), defaultValue(otherwise), real(destination) {}
+};
+
+// Every menu entry is on by default and everything else off: a fresh install shows all that the menu can do.
+constexpr Key keys[] = {
+    {"enabled", &Settings::enabled, true},
+    {"direction", &Settings::direction, 0},
+    {"slideValue", &Settings::slideValue, 1.0},
+    {"useForce", &Settings::useForce, false},
+    {"useEditing", &Settings::useEditing, false},
+    {"useRename", &Settings::useRename, true},
+    {"useBadge", &Settings::useBadge, true},
+    {"useCustom", &Settings::useCustom, true},
+    {"useCopyID", &Settings::useCopyID, true},
+    {"useCopySchemes", &Settings::useCopySchemes, true},
+    {"openFilza", &Settings::openFilza, true},
+    {"useCache", &Settings::useCache, true},
+    {"useBackUp", &Settings::useBackUp, true},
+    {"useRestore", &Settings::useRestore, true},
+    {"delBackUp", &Settings::delBackUp, true},
+    {"useReset", &Settings::useReset, true},
+    {"useMute", &Settings::useMute, true},
+    {"openApp", &Settings::openApp, true},
+    {"showSize", &Settings::showSize, true},
+    {"useText", &Settings::useText, false},
+    {"hideLabel", &Settings::hideLabel, false},
+    {"disableType", &Settings::disableType, 2},
+};
+
+// Numbers and texts answer the conversions; dates, data and collections do not.
+NSObject* convertible(NSObject* value) {
+  return as<NSNumber>(value) != nullptr || as<NSString>(value) != nullptr ? value : nullptr;
+}
+
+NSObject* defaultOf(const Key& key) {
+  if (key.flag != nullptr) return NSNumber::withBool(key.defaultValue != 0);
+  if (key.number != nullptr) return NSNumber::withInt(static_cast<int>(key.defaultValue));
+  return NSNumber::withDouble(key.defaultValue);
+}
+
+void load(const Key& key, NSDictionary* stored) {
+  NSObject* value = convertible(stored->objectForKey(NSString::owning(key.name)));
+  if (value == nullptr) value = defaultOf(key);
+  if (key.flag != nullptr) settings.*key.flag = send<BOOL>(value, "boolValue"_sel);
+  if (key.number != nullptr) settings.*key.number = send<int>(value, "intValue"_sel);
+  if (key.real != nullptr) settings.*key.real = send<float>(value, "floatValue"_sel);
+}
+
+}  // namespace
+
+void loadSettings() {
+  const AutoreleasePool pool;
+  NSDictionary* stored = NSDictionary::withContentsOfFile(settingsFile());
+  for (const Key& key : keys) load(key, stored);
+  settings.muteLockScreen = settings.disableType != 0;
+  settings.muteBanners = settings.disableType != 1;
+}
+
+void settingsChanged(CFNotificationCenterRef, void*, CFStringRef, const void*, const void*) { loadSettings(); }
