@@ -20,7 +20,8 @@ if(NOT DEVICE)
   add_library(Sprigdial MODULE ${addon_sources})
   set_target_properties(Sprigdial PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
   target_link_libraries(Sprigdial PRIVATE addon_options)
-  target_link_options(Sprigdial PRIVATE -nostdlib -fuse-ld=lld-16 -Wl,-z,undefs -Wl,-z,now)
+  target_link_options(Sprigdial PRIVATE -nostdlib -fuse-ld=lld-16 -Wl,-z,undefs -Wl,-z,now
+    -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/no-exports.map)
   return()
 endif()
 
@@ -32,7 +33,7 @@ file(GLOB stubs CONFIGURE_DEPENDS platform/stubs/*.tbd)
 set(library ${CMAKE_BINARY_DIR}/Sprigdial.dylib)
 add_custom_command(OUTPUT ${library}
   COMMAND ld64.lld-16 -dylib -arch arm64 -platform_version ios 10.0 14.0 -adhoc_codesign -dead_strip
-    -install_name @rpath/Sprigdial.dylib -U _MSHookMessageEx -o ${library} $<TARGET_OBJECTS:addon_objects> ${stubs}
+    -install_name @rpath/Sprigdial.dylib -U _MSHookMessageEx -unexported_symbol "*" -o ${library} $<TARGET_OBJECTS:addon_objects> ${stubs}
   DEPENDS addon_objects $<TARGET_OBJECTS:addon_objects> ${stubs}
   COMMAND_EXPAND_LISTS VERBATIM)
 add_custom_target(Sprigdial ALL DEPENDS ${library})
