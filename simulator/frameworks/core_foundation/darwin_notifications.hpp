@@ -1,0 +1,23 @@
+// Notifications between processes, by name alone.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace sim {
+
+/// An observer as it was registered.
+struct DarwinObserver {
+  std::string name;
+  const void* observer;
+  const void* object;
+  long suspension;
+};
+
+/// The observers in the order of their registration.
+const std::vector<DarwinObserver>& darwinObservers();
+/// Another process posts a notification: at the end of the current event the observers of that name are called in
+/// the order of their registration.
+void postDarwinNotification(const std::string& name);
+
+}  // namespace sim

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "simulator/frameworks/uikit/UIAlertAction.hpp"
+#include "simulator/frameworks/uikit/UIPopoverPresentationController.hpp"
+#include "simulator/frameworks/uikit/UITextField.hpp"
+#include "simulator/frameworks/uikit/UIViewController.hpp"
+
+namespace sim {
+
+enum class UIAlertControllerStyle : NSInteger { actionSheet = 0, alert = 1 };
+
+/// A sheet or an alert.
+struct UIAlertController : UIViewController {
+  Ref<objc_object> title;    ///< nil for none
+  Ref<objc_object> message;  ///< nil for none
+  UIAlertControllerStyle preferredStyle = UIAlertControllerStyle::actionSheet;
+  std::vector<Ref<UIAlertAction>> actions;       ///< in the order they were added
+  std::vector<Ref<UITextField>> textFields;      ///< in the order they were added
+  Ref<UIPopoverPresentationController> popover;  ///< nil until asked for
+
+  static UIAlertController* alertController(Class cls, id title, id message, UIAlertControllerStyle style);
+  void setTitle(id title);
+  void setMessage(id message);
+  id actionsArray();
+  /// Raises for a second action of the cancel style.
+  void addAction(UIAlertAction* action);
+  /// Raises in a sheet.
+  void addTextField(const BlockLiteral* configurationHandler);
+  /// Nil without text fields.
+  id textFieldsArray();
+  /// On a tablet a sheet is shown in a popover; anything else has none.
+  id popoverPresentationController();
+};
+
+/// Raises, as a tablet does, when `presented` is a sheet that does not say where its popover belongs.
+void requirePopoverAnchor(UIViewController* presented, UIViewController* presenter);
+
+/// A person taps a button: the alert goes from the screen, then the action's handler is called.
+void tap(UIAlertController* alert, UIAlertAction* action);
+
+void defineUIAlertController();
+
+}  // namespace sim

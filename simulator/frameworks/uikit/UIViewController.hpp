@@ -1,0 +1,40 @@
+#pragma once
+
+#include "simulator/frameworks/uikit/UIView.hpp"
+#include "simulator/runtime/blocks.hpp"
+
+namespace sim {
+
+/// A controller keeps its view and what it presents.
+struct UIViewController : Object {
+  Ref<UIView> loadedView;  ///< nil until the view is asked for
+  Ref<UIViewController> presentedViewController;
+  UIViewController* presentingViewController = nullptr;
+
+  ~UIViewController();
+  /// Loads the view if need be.
+  UIView* view();
+  void setView(UIView* view) { loadedView = view; }
+  BOOL isViewLoaded();
+  /// Makes a view as large as the screen.
+  void loadView();
+  void viewDidLoad() {}
+  void viewWillAppear(bool) {}
+  void viewDidAppear(bool) {}
+  void viewWillDisappear(bool) {}
+  void viewDidDisappear(bool) {}
+  /// Nil, but for controllers that are shown in a popover.
+  id popoverPresentationController();
+  /// Presents modally; the completion runs at the end of the current event. As on the platform, a controller that
+  /// is in no window, or presents something already, presents nothing and says so on the error output.
+  void presentViewController(UIViewController* controller, bool animated, const BlockLiteral* completion);
+  /// Takes away what this controller presents, or itself if it presents nothing.
+  void dismissViewController(bool animated, const BlockLiteral* completion);
+
+  /// The window that shows this controller; nil if none does.
+  UIWindow* window();
+};
+
+void defineUIViewController();
+
+}  // namespace sim
