@@ -1,0 +1,52 @@
+// The state of the home screen that no single class of the platform holds.
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "simulator/runtime/objc.hpp"
+
+namespace sim {
+
+enum class Generation { old, latest };
+
+/// A person asked for something that the home screen does not have. Nothing has changed.
+struct BadRequest : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// A notification as it arrived at a place.
+struct DeliveredNotification {
+  std::string id;
+  std::string text;
+};
+
+/// One launch of an icon, as its launch method was called.
+struct Launch {
+  std::string id;
+  NSInteger location;
+  std::optional<std::string> context, settings, actions;  ///< none for nil
+};
+
+struct Home {
+  Generation generation = Generation::old;
+  bool screenOn = true;
+  bool locked = false;
+  bool poweringDown = false;
+  bool editing = false;
+  std::string frontmost;              ///< the open application; empty on the home screen
+  std::vector<std::string> switcher;  ///< bundle identifiers, latest first
+  std::vector<std::string> events;
+  std::vector<DeliveredNotification> banners, lockScreen;
+  std::vector<Launch> launches;
+};
+
+/// The one home screen of the process.
+Home& home();
+
+/// Shows an application in front of the home screen.
+void openApplication(const std::string& bundleIdentifier);
+
+}  // namespace sim

@@ -1,0 +1,32 @@
+// What is installed on the device, as its file tree tells.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sim {
+
+/// A quick action that an application declares.
+struct DeclaredQuickAction {
+  std::string type;
+  std::string title;
+  std::string subtitle;
+};
+
+struct InstalledApplication {
+  std::string bundleIdentifier;
+  std::string name;
+  std::string bundlePath;                    ///< without a "/" at its end
+  std::optional<std::string> containerPath;  ///< of its data; none when it never ran
+  std::vector<DeclaredQuickAction> quickActions;
+  std::vector<std::string> urlSchemes;  ///< in lower case
+};
+
+/// The device's applications, by name. Bundles without a readable bundle identifier are left out.
+std::vector<InstalledApplication> installedApplications();
+
+/// The titles of the web pages on the home screen, by folder name.
+std::vector<std::string> installedBookmarks();
+
+}  // namespace sim
