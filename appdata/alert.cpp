@@ -31,3 +31,9 @@ void presentAlert(UIAlertController* alert) {
   openAlertWindow();
   alertRootController->present(alert);
 }
+
+void presentMessage(NSString* title, NSString* message) {
+  auto* alert = UIAlertController::alertController(title, message, UIAlertControllerStyle::alert);
+  alert->addAction(UIAlertAction::action("OK"_ns, UIAlertActionStyle::standard, [] { closeAlertWindow(); }));
+  presentAlert(alert);
+}

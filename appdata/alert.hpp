@@ -17,3 +17,5 @@ void openAlertWindow();
 void anchorPopover(UIAlertController* sheet);
 /// Presents an alert in a window of its own.
 void presentAlert(UIAlertController* alert);
+/// Presents an alert with one button, "OK", which closes the window.
+void presentMessage(NSString* title, NSString* message);

@@ -25,10 +25,14 @@ target_link_libraries(simulator_process PUBLIC simulator_options)
 
 # GCC's runtime and Foundation are looked up by name at run time, and only by the add-on in part: keep them.
 execute_process(COMMAND gcc -print-file-name=libobjc.so OUTPUT_VARIABLE objc_library OUTPUT_STRIP_TRAILING_WHITESPACE)
+function(link_home_screen_process target)
+  set_target_properties(${target} PROPERTIES ENABLE_EXPORTS ON)
+  target_link_libraries(${target} PRIVATE simulator_process
+    -Wl,--no-as-needed ${objc_library} gnustep-base -Wl,--as-needed ${CMAKE_DL_LIBS})
+endfunction()
+
 add_executable(SpringBoard simulator/springboard.cpp)
-set_target_properties(SpringBoard PROPERTIES ENABLE_EXPORTS ON)
-target_link_libraries(SpringBoard PRIVATE simulator_process
-  -Wl,--no-as-needed ${objc_library} gnustep-base -Wl,--as-needed ${CMAKE_DL_LIBS})
+link_home_screen_process(SpringBoard)
 add_dependencies(SpringBoard Sprigdial)
 
 # What a person can do and see, from outside the device.

@@ -1,1 +1,39 @@
+# One program holds all tests; CTest runs every test in a process of its own.
+enable_testing()
+find_package(GTest REQUIRED)
 
+# A host of the library that is not the simulator.
+add_executable(minimal-host tests/loader/minimal_host.cpp)
+target_link_libraries(minimal-host PRIVATE simulator_options ${CMAKE_DL_LIBS})
+set_target_properties(minimal-host PROPERTIES ENABLE_EXPORTS ON)
+add_dependencies(minimal-host Sprigdial)
+
+# The settings as the library reads them, printed.
+add_library(settings_room OBJECT settings/settings.cpp)
+target_link_libraries(settings_room PRIVATE addon_options)
+add_executable(settings-probe tests/settings/settings_probe.cpp)
+target_link_libraries(settings-probe PRIVATE settings_room)
+link_home_screen_process(settings-probe)
+
+file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS tests/*_test.cpp tests/support/*.cpp)
+if(SANITIZE)
+  # What the files are made of is asked of the builds that are used.
+  list(REMOVE_ITEM test_sources ${PROJECT_SOURCE_DIR}/tests/loader/library_file_test.cpp)
+endif()
+add_executable(sprigdial-tests ${test_sources})
+target_link_libraries(sprigdial-tests PRIVATE simulator_control GTest::gtest_main)
+target_compile_definitions(sprigdial-tests PRIVATE
+  SOURCE_DIR="${PROJECT_SOURCE_DIR}" BUILD_DIR="${CMAKE_BINARY_DIR}" DRIVER="$<TARGET_FILE:home-screen>"
+  MINIMAL_HOST="$<TARGET_FILE:minimal-host>"
+  PC_LIBRARY="$<TARGET_FILE:Sprigdial>" DEVICE_LIBRARY="${PROJECT_SOURCE_DIR}/build/device/Sprigdial.dylib")
+add_dependencies(sprigdial-tests SpringBoard home-screen minimal-host settings-probe)
+
+include(GoogleTest)
+gtest_discover_tests(sprigdial-tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+
+# The example scripts are played as they stand.
+file(GLOB scripts CONFIGURE_DEPENDS scripts/*.txt)
+foreach(script ${scripts})
+  get_filename_component(name ${script} NAME_WE)
+  add_test(NAME Scripts.${name} COMMAND home-screen ${script})
+endforeach()

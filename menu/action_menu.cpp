@@ -1,7 +1,7 @@
 #include "menu/action_menu.hpp"
 
 #include "appdata/alert.hpp"
-#include "appdata/paths.hpp"
+#include "appdata/container.hpp"
 #include "menu/cache_size.hpp"
 #include "menu/shortcut.hpp"
 #include "platform/dispatch.hpp"
@@ -104,11 +104,8 @@ void addEntries(UIAlertController* sheet, const Application& app, const Choice& 
     if (entry.setting != nullptr && !(settings.*entry.setting)) continue;
     if (!entry.isShown(app)) continue;
     sheet->addAction(UIAlertAction::action(titleOf(entry, app), entry.style, [choice, choose = entry.choose] {
-      // A copy of its own: closing the window may free the sheet, and this block with it.
-      const Choice kept = choice;
-      const auto action = choose;
       closeAlertWindow();
-      action(kept);
+      choose(choice);
     }));
   }
 }
@@ -138,19 +135,16 @@ void showAlertView(MenuHost* host, SEL) {
   const Choice choice{host, Generation::current().icon(host, bundleIdentifier)};
   currentBadge.set(choice.icon->badgeNumberOrString());
 
-  SBApplication* application = targetApplication();
-  NSString* bundleText = paths::bundleText(application);
-  if (bundleText == nullptr) return;
-  NSString* version = versionOf(bundleText);
-  NSString* dataFolder = paths::dataContainer(application);
+  NSString* bundle = bundleText();
+  if (bundle == nullptr) return;
+  NSString* version = versionOf(bundle);
+  NSString* dataFolder = dataContainer();
   NSString* cachesFolder = dataFolder->appending("/Library/Caches"_ns);
-  const Application app{bundleText, dataFolder, cachesFolder, paths::backupFolder(bundleIdentifier),
-                        folderSize(cachesFolder)};
+  const Application app{bundle, dataFolder, cachesFolder, backupFolder(), folderSize(cachesFolder)};
 
   if (openSheet || (forceTouchActive && !settings.useForce)) return;
   NSString* message = bundleIdentifier->appending(" Ver."_ns)->appending(version);
-  openSheet.set(UIAlertController::alertController(formatted(application->displayName()), message,
-                                                   UIAlertControllerStyle::actionSheet));
+  openSheet.set(UIAlertController::alertController(targetName(), message, UIAlertControllerStyle::actionSheet));
   addEntries(openSheet.get(), app, choice);
   presentSheet(openSheet.get());
 }

@@ -84,16 +84,28 @@ class NSArray : public NSObject {
   T* at(NSUInteger index) const {
     return send<T*>(this, "objectAtIndex:"_sel, index);
   }
+  /// The same objects, sorted by `compare:`, greatest first.
+  NSArray* sortedDescending() const {
+    auto* ascending = send<NSArray*>(this, "sortedArrayUsingSelector:"_sel, "compare:"_sel);
+    return send<NSArray*>(send<NSObject*>(ascending, "reverseObjectEnumerator"_sel), "allObjects"_sel);
+  }
 };
 
 class NSMutableArray : public NSArray {
  public:
   static NSMutableArray* array() { return send<NSMutableArray*>("NSMutableArray"_cls, "array"_sel); }
+  template <class... Objects>
+  static NSMutableArray* of(Objects*... objects) {
+    NSMutableArray* made = array();
+    (made->add(objects), ...);
+    return made;
+  }
   /// A mutable array of the same objects; an empty one for nil.
   static NSMutableArray* copyOf(const NSArray* other) {
     return send<NSMutableArray*>("NSMutableArray"_cls, "arrayWithArray:"_sel, other != nullptr ? other : array());
   }
   void add(const NSObject* object) { send(this, "addObject:"_sel, object); }
+  void removeAll(const NSArray* objects) { send(this, "removeObjectsInArray:"_sel, objects); }
 };
 
 class NSDictionary : public NSObject {
@@ -103,6 +115,7 @@ class NSDictionary : public NSObject {
   static NSDictionary* withContentsOfFile(const NSString* path) {
     return send<NSDictionary*>(cls(), "dictionaryWithContentsOfFile:"_sel, path);
   }
+  static NSDictionary* dictionary() { return send<NSDictionary*>(cls(), "dictionary"_sel); }
   static NSDictionary* with(const NSObject* object, const NSString* key) {
     return send<NSDictionary*>(cls(), "dictionaryWithObject:forKey:"_sel, object, key);
   }
@@ -145,6 +158,20 @@ class NSFileManager : public NSObject {
  public:
   static NSFileManager* defaultManager() { return send<NSFileManager*>("NSFileManager"_cls, "defaultManager"_sel); }
   bool fileExists(const NSString* path) const { return send<BOOL>(this, "fileExistsAtPath:"_sel, path); }
+  bool isExecutableFile(const NSString* path) const { return send<BOOL>(this, "isExecutableFileAtPath:"_sel, path); }
+  /// The names directly in the folder; nil when it cannot be read.
+  NSArray* contentsOfDirectory(const NSString* path) const {
+    return send<NSArray*>(this, "contentsOfDirectoryAtPath:error:"_sel, path, static_cast<id*>(nullptr));
+  }
+  /// Removes a file or a whole folder; NO when that fails.
+  bool removeItem(const NSString* path) const {
+    return send<BOOL>(this, "removeItemAtPath:error:"_sel, path, static_cast<id*>(nullptr));
+  }
+  /// Makes the folder and those above it that are missing.
+  bool createDirectory(const NSString* path) const {
+    return send<BOOL>(this, "createDirectoryAtPath:withIntermediateDirectories:attributes:error:"_sel, path,
+                      BOOL{true}, static_cast<NSDictionary*>(nullptr), static_cast<id*>(nullptr));
+  }
   bool createFile(const NSString* path, const NSData* contents, const NSDictionary* attributes) const {
     return send<BOOL>(this, "createFileAtPath:contents:attributes:"_sel, path, contents, attributes);
   }
@@ -158,4 +185,36 @@ class NSFileManager : public NSObject {
         send<NSDictionary*>(this, "attributesOfItemAtPath:error:"_sel, path, static_cast<id*>(nullptr));
     return send<std::uint64_t>(attributes, "fileSize"_sel);
   }
+};
+
+class NSDate : public NSObject {
+ public:
+  static NSDate* date() { return send<NSDate*>("NSDate"_cls, "date"_sel); }
+  /// Seconds.
+  double timeIntervalSince1970() const { return send<double>(this, "timeIntervalSince1970"_sel); }
+};
+
+class NSDateFormatter : public NSObject {
+ public:
+  /// A formatter for the device's time zone.
+  static Ref<NSDateFormatter> with(const NSString* localeIdentifier, const NSString* format) {
+    auto formatter = Ref<NSDateFormatter>::adopt(send<NSDateFormatter*>("NSDateFormatter"_cls, "new"_sel));
+    const auto locale = Ref<NSObject>::adopt(
+        send<NSObject*>(send<id>("NSLocale"_cls, "alloc"_sel), "initWithLocaleIdentifier:"_sel, localeIdentifier));
+    send(formatter.get(), "setLocale:"_sel, locale.get());
+    send(formatter.get(), "setDateFormat:"_sel, format);
+    return formatter;
+  }
+  NSString* string(const NSDate* date) const { return send<NSString*>(this, "stringFromDate:"_sel, date); }
+};
+
+class NSTask : public NSObject {
+ public:
+  static Ref<NSTask> make() { return Ref<NSTask>::adopt(send<NSTask*>("NSTask"_cls, "new"_sel)); }
+  void setCurrentDirectoryPath(const NSString* path) { send(this, "setCurrentDirectoryPath:"_sel, path); }
+  void setLaunchPath(const NSString* path) { send(this, "setLaunchPath:"_sel, path); }
+  void setArguments(const NSArray* arguments) { send(this, "setArguments:"_sel, arguments); }
+  /// Raises when the program or the folder is not there.
+  void launch() { send(this, "launch"_sel); }
+  void waitUntilExit() { send(this, "waitUntilExit"_sel); }
 };

@@ -10,6 +10,8 @@ class SBIcon : public NSObject {
   /// Nil for an icon that is no application.
   NSString* applicationBundleID() const { return send<NSString*>(this, "applicationBundleID"_sel); }
   /// A number or a text; nil when the icon shows no badge.
+  /// Nil removes the badge.
+  void setBadge(NSObject* badge) { send(this, "setBadge:"_sel, badge); }
   NSObject* badgeNumberOrString() const { return send<NSObject*>(this, "badgeNumberOrString"_sel); }
 };
 
@@ -73,6 +75,17 @@ class SBApplicationController : public NSObject {
   /// Nil for an unknown identifier.
   SBApplication* application(const NSString* bundleIdentifier) const {
     return send<SBApplication*>(this, "applicationWithBundleIdentifier:"_sel, bundleIdentifier);
+  }
+};
+
+/// The system's own service for badges and more.
+class FBSSystemService : public NSObject {
+ public:
+  static FBSSystemService* sharedService() {
+    return send<FBSSystemService*>("FBSSystemService"_cls, "sharedService"_sel);
+  }
+  void setBadgeValue(NSString* value, NSString* bundleIdentifier) {
+    send(this, "setBadgeValue:forBundleID:"_sel, value, bundleIdentifier);
   }
 };
 

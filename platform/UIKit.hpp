@@ -24,10 +24,39 @@ extern const UIWindowLevel UIWindowLevelAlert;
 enum class UIAlertControllerStyle : NSInteger { actionSheet = 0, alert = 1 };
 enum class UIAlertActionStyle : NSInteger { standard = 0, cancel = 1 };
 enum class UIUserInterfaceIdiom : NSInteger { phone = 0, pad = 1 };
+enum class UIKeyboardType : NSInteger { numberPad = 4 };
+enum class UITextFieldViewMode : NSInteger { always = 3 };
+enum class UIReturnKeyType : NSInteger { done = 9 };
+enum class NSTextAlignment : NSInteger { center = 1 };
+enum class UIActivityIndicatorViewStyle : NSInteger { whiteLarge = 0 };
 enum class UIImageRenderingMode : NSInteger { alwaysTemplate = 2 };
+
+class UIColor : public NSObject {
+ public:
+  static UIColor* black() { return send<UIColor*>("UIColor"_cls, "blackColor"_sel); }
+  static UIColor* white() { return send<UIColor*>("UIColor"_cls, "whiteColor"_sel); }
+  static UIColor* clear() { return send<UIColor*>("UIColor"_cls, "clearColor"_sel); }
+  UIColor* withAlpha(CGFloat alpha) const { return send<UIColor*>(this, "colorWithAlphaComponent:"_sel, alpha); }
+};
+
+class CALayer : public NSObject {
+ public:
+  void setCornerRadius(CGFloat radius) { send(this, "setCornerRadius:"_sel, radius); }
+};
 
 class UIView : public NSObject {
  public:
+  /// A view of the class `T` in its superview's coordinates.
+  template <class T = UIView>
+  static Ref<T> make(Class cls, CGRect frame) {
+    return Ref<T>::adopt(send<T*>(send<id>(cls, "alloc"_sel), "initWithFrame:"_sel, frame));
+  }
+  CGRect frame() const { return send<CGRect>(this, "frame"_sel); }
+  void setBackgroundColor(UIColor* color) { send(this, "setBackgroundColor:"_sel, color); }
+  void setAlpha(CGFloat alpha) { send(this, "setAlpha:"_sel, alpha); }
+  void setUserInteractionEnabled(bool enabled) { send(this, "setUserInteractionEnabled:"_sel, BOOL{enabled}); }
+  CALayer* layer() const { return send<CALayer*>(this, "layer"_sel); }
+  void addSubview(UIView* view) { send(this, "addSubview:"_sel, view); }
   CGRect bounds() const { return send<CGRect>(this, "bounds"_sel); }
   void setHidden(bool hidden) { send(this, "setHidden:"_sel, BOOL{hidden}); }
 };
@@ -64,8 +93,19 @@ class UIViewController : public NSObject {
   }
 };
 
+class UITextField : public UIView {
+ public:
+  NSString* text() const { return send<NSString*>(this, "text"_sel); }
+  void setText(NSString* text) { send(this, "setText:"_sel, text); }
+  void setDelegate(NSObject* delegate) { send(this, "setDelegate:"_sel, delegate); }
+  void setKeyboardType(UIKeyboardType type) { send(this, "setKeyboardType:"_sel, type); }
+  void setClearButtonMode(UITextFieldViewMode mode) { send(this, "setClearButtonMode:"_sel, mode); }
+  void setReturnKeyType(UIReturnKeyType type) { send(this, "setReturnKeyType:"_sel, type); }
+};
+
 class UIAlertAction : public NSObject {
  public:
+  NSString* title() const { return send<NSString*>(this, "title"_sel); }
   /// `handler` is called with the tapped action, or with nothing if it takes nothing.
   template <class Handler>
   static UIAlertAction* action(NSString* title, UIAlertActionStyle style, Handler handler) {
@@ -81,6 +121,15 @@ class UIAlertController : public UIViewController {
                                     title, message, style);
   }
   void addAction(UIAlertAction* action) { send(this, "addAction:"_sel, action); }
+  /// `configure` is called with the new field before this returns.
+  template <class Configure>
+  void addTextField(Configure configure) {
+    send(this, "addTextFieldWithConfigurationHandler:"_sel, makeBlock<void(UITextField*)>(configure).pointer());
+  }
+  UITextField* firstTextField() const {
+    auto* fields = send<NSArray*>(this, "textFields"_sel);
+    return fields->count() > 0 ? fields->at<UITextField>(0) : nullptr;
+  }
 };
 
 class UIWindow : public UIView {
@@ -118,6 +167,11 @@ class UIApplication : public NSObject {
     return send<UIApplication*>("UIApplication"_cls, "sharedApplication"_sel);
   }
   bool canOpenURL(const NSURL* url) const { return send<BOOL>(this, "canOpenURL:"_sel, url); }
+  /// Asks the system to open the URL, without options and without waiting.
+  void openURL(const NSURL* url) const {
+    send(this, "openURL:options:completionHandler:"_sel, url, NSDictionary::dictionary(),
+         static_cast<const void*>(nullptr));
+  }
 };
 
 class UIImage : public NSObject {
@@ -138,4 +192,32 @@ class UITouch : public NSObject {
   CGPoint previousLocationIn(const UIView* view) const {
     return send<CGPoint>(this, "previousLocationInView:"_sel, view);
   }
+};
+
+class UIFont : public NSObject {
+ public:
+  /// In points.
+  static UIFont* system(CGFloat size) { return send<UIFont*>("UIFont"_cls, "systemFontOfSize:"_sel, size); }
+};
+
+class UILabel : public UIView {
+ public:
+  void setText(NSString* text) { send(this, "setText:"_sel, text); }
+  void setTextColor(UIColor* color) { send(this, "setTextColor:"_sel, color); }
+  void setFont(UIFont* font) { send(this, "setFont:"_sel, font); }
+  void setTextAlignment(NSTextAlignment alignment) { send(this, "setTextAlignment:"_sel, alignment); }
+};
+
+class UIActivityIndicatorView : public UIView {
+ public:
+  void setStyle(UIActivityIndicatorViewStyle style) { send(this, "setActivityIndicatorViewStyle:"_sel, style); }
+  void startAnimating() { send(this, "startAnimating"_sel); }
+};
+
+class UIPasteboard : public NSObject {
+ public:
+  static UIPasteboard* generalPasteboard() {
+    return send<UIPasteboard*>("UIPasteboard"_cls, "generalPasteboard"_sel);
+  }
+  void setValue(NSObject* value, NSString* type) { send(this, "setValue:forPasteboardType:"_sel, value, type); }
 };

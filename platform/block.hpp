@@ -71,7 +71,8 @@ class Block<void(Arguments...), Callable> {
   };
 
   static void invoke(const void* self, Arguments... arguments) {
-    const Callable& callable = static_cast<const Literal*>(self)->callable;
+    // A copy of its own: what the callable does may free the block, as closing a dialog from its button does.
+    const Callable callable = static_cast<const Literal*>(self)->callable;
     if constexpr (std::invocable<const Callable&, Arguments...>) {
       callable(arguments...);
     } else {

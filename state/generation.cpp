@@ -12,6 +12,7 @@ constexpr Generation oldGeneration{
       return SBIconController::sharedInstance()->homescreenIconViewMap()->iconView(icon);
     },
     .isEditing = [](const MenuHost*) { return SBIconController::sharedInstance()->isEditing(); },
+    .bundlePlist = "/Info.plist",
 };
 
 constexpr Generation newGeneration{
@@ -25,6 +26,7 @@ constexpr Generation newGeneration{
       return list->iconView(icon);
     },
     .isEditing = [](const MenuHost* host) { return host->isEditing(); },
+    .bundlePlist = "Info.plist",
 };
 
 }  // namespace

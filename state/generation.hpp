@@ -12,6 +12,9 @@ struct Generation {
   /// The icon's view; nil when it has none.
   SBIconView* (*iconView)(const SBIcon* icon);
   bool (*isEditing)(const MenuHost* host);
+  /// What follows the bundle's location on the way to its property list. The new generation's locations end
+  /// in a slash already.
+  const char* bundlePlist;
 
   /// The core library's version from which on the home screen is of the new generation.
   static constexpr double firstNewVersion = 1652.2;

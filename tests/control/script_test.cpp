@@ -1,0 +1,112 @@
+// The script language: what it refuses, how it says so, and that nothing changes then.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "simulator/device/device.hpp"
+#include "simulator/device/files.hpp"
+#include "tests/support/command.hpp"
+
+namespace {
+
+struct Played {
+  int status = 0;
+  std::string output, errors;
+};
+
+class Script : public testing::Test {
+ protected:
+  sim::TemporaryFolder folder;
+  std::filesystem::path device = folder.path() / "device";
+
+  Played play(const std::string& script) {
+    const auto file = folder.path() / "script.txt";
+    const auto errors = folder.path() / "errors.txt";
+    sim::writeFile(file, script);
+    const auto lines = linesOf("{ " DRIVER " " + file.string() + " 2>" + errors.string() + "; echo status $?; }");
+    Played played;
+    for (const auto& line : lines) {
+      if (line.rfind("status ", 0) == 0) {
+        played.status = std::stoi(line.substr(7));
+      } else {
+        played.output += line + "\n";
+      }
+    }
+    played.errors = *sim::readFile(errors);
+    return played;
+  }
+  std::string boot() { return "boot old --device " + device.string() + "\n"; }
+
+  // Every file of the device with its content, to see that nothing changed.
+  std::map<std::string, std::string> files() {
+    std::map<std::string, std::string> all;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(device / "var"))
+      all[entry.path().string()] = entry.is_regular_file() ? *sim::readFile(entry.path()) : "";
+    return all;
+  }
+};
+
+struct BadLine {
+  std::string line, reason;
+};
+
+class BadScript : public Script, public testing::WithParamInterface<BadLine> {};
+
+}  // namespace
+
+TEST_P(BadScript, IsToldInOneLineAndChangesNothing) {
+  play(boot());
+  const auto before = files();
+  const auto played = play(boot() + GetParam().line + "\nsettings enabled=false\n");
+  EXPECT_EQ(played.status, 2);
+  EXPECT_EQ(std::count(played.errors.begin(), played.errors.end(), '\n'), 1) << played.errors;
+  EXPECT_NE(played.errors.find("2"), std::string::npos) << "names the line: " << played.errors;
+  EXPECT_NE(played.errors.find(GetParam().reason), std::string::npos) << played.errors;
+  EXPECT_EQ(files(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , BadScript,
+    testing::Values(BadLine{"frobnicate", "frobnicate"}, BadLine{"touch com.example.nobody", "com.example.nobody"},
+                    BadLine{"touch", "touch"}, BadLine{"touch com.example.notes again", "touch"},
+                    BadLine{"swipe left com.example.notes", "left"}, BadLine{"swipe up com.example.notes 1", "swipe"},
+                    BadLine{"swipe up com.example.notes 1 x", "x"}, BadLine{"choose Sprigdial", "Sprigdial"},
+                    BadLine{"tap Cancel", "Cancel"}, BadLine{"type hello", "text field"},
+                    BadLine{"install /nowhere/at-all.ipa", "at-all.ipa"}, BadLine{"edit maybe", "maybe"},
+                    BadLine{"advance soon", "soon"}, BadLine{"advance -1", "-1"}, BadLine{"cat /var/nothing", "/var/nothing"},
+                    BadLine{"plist /var/mobile", "/var/mobile"}, BadLine{"ls /../../etc", ".."},
+                    BadLine{"settings direction", "direction"}, BadLine{"download pause com.example.x", "pause"},
+                    BadLine{"screen sideways", "sideways"}, BadLine{"boot ancient", "ancient"},
+                    BadLine{"touch \"com.example.notes", "quot"}));
+
+TEST_F(Script, AnExpectationThatFailsEndsWithOne) {
+  const auto played = play(boot() + "expect \"No such thing\"\n");
+  EXPECT_EQ(played.status, 1);
+  EXPECT_NE(played.errors.find("No such thing"), std::string::npos);
+}
+
+TEST_F(Script, AnExpectationOfAbsenceFailsToo) {
+  const auto played = play(boot() + "expect-not Notes\n");
+  EXPECT_EQ(played.status, 1);
+}
+
+TEST_F(Script, CommentsAndQuotesAreUnderstood) {
+  const auto played = play("# a comment\n" + boot() + "\n  # another\nnotify com.example.notes 'Hello, you'\nexpect \"Hello, you\"\n");
+  EXPECT_EQ(played.status, 0) << played.errors;
+}
+
+TEST_F(Script, MissingScriptIsTold) {
+  const auto lines = linesOf("{ " DRIVER " /nowhere.txt 2>&1; echo status $?; }");
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[1], "status 2");
+}
+
+TEST_F(Script, HelpListsEveryVerb) {
+  const auto played = play("help\n");
+  EXPECT_EQ(played.status, 0);
+  for (const auto* verb : {"boot", "respring", "install", "touch", "swipe", "force-touch", "choose", "tap", "type",
+                           "launch", "edit", "lock", "unlock", "screen", "power-down", "notify", "download", "settings",
+                           "post", "advance", "ls", "cat", "plist", "pasteboard", "urls", "calls", "expect",
+                           "expect-not", "help"})
+    EXPECT_NE(played.output.find(verb), std::string::npos) << verb;
+}

@@ -1,0 +1,75 @@
+// The menu leaves the screen when the device locks, the screen goes off or the power-down slider comes up.
+#include "tests/support/home.hpp"
+
+namespace {
+class Dismissal : public test::Generations {
+ protected:
+  void SetUp() override { home.openMenu("com.example.notes"); }
+  void expectGone() {
+    EXPECT_TRUE(home.screen().windows.empty());
+    EXPECT_EQ(home.live("UIWindow"), windowsOfThePlatform);
+  }
+  // The home screen's own.
+  static constexpr int windowsOfThePlatform = 1;
+};
+class DismissalOld : public test::OldGeneration {};
+}  // namespace
+INSTANTIATE_TEST_SUITE_P(, Dismissal, test::bothGenerations, test::generationName);
+
+TEST_P(Dismissal, LockingTakesTheMenuAway) {
+  home->lock();
+  expectGone();
+}
+
+TEST_P(Dismissal, UnlockingDoesNotBringItBack) {
+  home->lock();
+  home->unlock();
+  expectGone();
+}
+
+TEST_P(Dismissal, ThePowerDownSliderTakesTheMenuAway) {
+  home->powerDown();
+  expectGone();
+  EXPECT_TRUE(home.screen().poweringDown);
+}
+
+TEST_P(Dismissal, HappensWhateverTheSettings) {
+  home.settings({"enabled=false"});
+  home->lock();
+  expectGone();
+}
+
+TEST_P(Dismissal, DoesNotOpenTheWayForASecondMenu) {
+  home->advance(0.3);
+  home->lock();
+  home->unlock();
+  home.openMenu("com.example.notes");
+  EXPECT_FALSE(home.showsAlert());
+  home->advance(0.6);
+  home.openMenu("com.example.notes");
+  EXPECT_TRUE(home.showsAlert());
+}
+
+TEST_P(Dismissal, WithoutAMenuOnlyThePlatformIsCalled) {
+  home->tap("Cancel");
+  home->logMessages(true);
+  const auto before = home->calls().size();
+  home->lock();
+  home->unlock();
+  home->powerDown();
+  EXPECT_EQ(home->calls().size(), before);
+  EXPECT_TRUE(home.screen().poweringDown);
+}
+
+TEST_F(DismissalOld, AnyWayOfTurningTheScreenOffWillDo) {
+  for (const bool off : {true, false})
+    for (const bool autoUnlock : {true, false})
+      for (const std::optional<int> source : {std::optional<int>{}, std::optional<int>{0}, std::optional<int>{7}}) {
+        home.openMenu("com.example.notes");
+        ASSERT_TRUE(home.showsAlert());
+        home->screenOff({off, autoUnlock, source});
+        EXPECT_FALSE(home.showsAlert());
+        home->unlock();
+        home->advance(1);
+      }
+}

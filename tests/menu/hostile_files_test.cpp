@@ -1,0 +1,66 @@
+// Whatever lies in the files, the home screen stays up.
+#include <fstream>
+
+#include "tests/support/home.hpp"
+
+namespace {
+const std::string app = "com.example.test";
+class HostileFiles : public test::Generations {};
+}  // namespace
+INSTANTIATE_TEST_SUITE_P(, HostileFiles, test::bothGenerations, test::generationName);
+
+TEST_P(HostileFiles, ALinkLoopInTheCachesEnds) {
+  home.install({});
+  const auto caches = home.container(app) / "Library/Caches";
+  std::filesystem::create_directories(caches / "a");
+  std::filesystem::create_symlink("../a", caches / "a/again");
+  std::filesystem::create_symlink("b", caches / "c");
+  std::filesystem::create_symlink("c", caches / "b");
+  home.openMenu();
+  EXPECT_TRUE(home.showsAlert());
+}
+
+TEST_P(HostileFiles, NamesThatAreNoTextAreCounted) {
+  home.install({});
+  home.addCache(app, "bad\xff\xfename", 1572864);
+  home.openMenu();
+  EXPECT_TRUE(home.showsAlert());
+}
+
+TEST_P(HostileFiles, AFileInTheCachesPlaceHasNoSize) {
+  home.install({.hasCaches = false});
+  sim::writeFile(home.container(app) / "Library/Caches", "no folder");
+  home.openMenu();
+  EXPECT_EQ(home.cacheTitle(), "Clear Caches(0 MB)");
+}
+
+TEST_P(HostileFiles, ManyCacheFilesNeedNoMoreMemoryThanTheirNames) {
+  // Dead objects are let go here: kept ones would be all that is measured.
+  home.options().environment["NSZombieEnabled"] = "NO";
+  home.install({});
+  const auto caches = home.container(app) / "Library/Caches";
+  std::filesystem::create_directories(caches);
+  for (int i = 0; i < 20'000; ++i) std::ofstream(caches / std::to_string(i)) << i;
+  home.swipeUp(app, 0, -0.5);
+  const long before = home->ask("memory").at("peakKiB").get<long>();
+  home.openMenu();
+  EXPECT_TRUE(home.showsAlert());
+  const long grown = home->ask("memory").at("peakKiB").get<long>() - before;
+  // A name and its place in the list take some 200 bytes; the attributes of all files would take 20 MB and more.
+  EXPECT_LT(grown, 12 * 1024) << "KiB";
+}
+
+TEST_P(HostileFiles, WebClipsAndDamagedBundlesBesideApplications) {
+  std::filesystem::create_directories(home.path("/var/containers/Bundle/Application/empty"));
+  sim::writeFile(home.path("/var/containers/Bundle/Application/bad/Bad.app/Info.plist"), "nonsense");
+  sim::writeFile(home.path("/var/mobile/Library/WebClips/Odd.webclip/Info.plist"), "nonsense");
+  home.openMenu("com.example.notes");
+  EXPECT_TRUE(home.showsAlert());
+}
+
+TEST_P(HostileFiles, AddedMethodsDoNothingWithoutAnApplication) {
+  home->perform("showAlertView");
+  home->lock();
+  home->unlock();
+  EXPECT_TRUE(home.screen().windows.empty());
+}

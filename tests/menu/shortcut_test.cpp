@@ -1,0 +1,169 @@
+// The entry in the platform's quick-action list.
+#include "tests/support/home.hpp"
+
+namespace {
+
+const std::string app = "com.example.test";
+
+class Shortcut : public test::Generations {
+ protected:
+  void SetUp() override { home.settings({"useForce=true"}); }
+  std::vector<sim::QuickAction> listOf(const std::string& id) {
+    home->forceTouch(id);
+    const auto list = home.screen().quickActions;
+    return list ? list->entries : std::vector<sim::QuickAction>{};
+  }
+};
+
+test::App appWithQuickActions() {
+  return {.info = {{"UIApplicationShortcutItems",
+                    {{{"UIApplicationShortcutItemTitle", "New Note"}, {"UIApplicationShortcutItemType", "new"}},
+                     {{"UIApplicationShortcutItemTitle", "Search"}, {"UIApplicationShortcutItemType", "search"}}}}}};
+}
+
+using ShortcutOld = test::OldGeneration;
+using ShortcutNew = test::NewGeneration;
+
+}  // namespace
+INSTANTIATE_TEST_SUITE_P(, Shortcut, test::bothGenerations, test::generationName);
+
+TEST_P(Shortcut, IsTheLastEntry) {
+  home.install(appWithQuickActions());
+  const auto entries = listOf(app);
+  ASSERT_GE(entries.size(), 3U);
+  EXPECT_EQ(entries[0].title, "New Note");
+  EXPECT_EQ(entries[1].title, "Search");
+  EXPECT_EQ(entries.back().title, "Sprigdial");
+}
+
+TEST_P(Shortcut, ComesOnceHoweverOftenTheListIsOpened) {
+  home.install(appWithQuickActions());
+  listOf(app);
+  home->home();
+  int count = 0;
+  for (const auto& entry : listOf(app)) count += entry.title == "Sprigdial" ? 1 : 0;
+  EXPECT_EQ(count, 1);
+}
+
+TEST_P(Shortcut, IsThereForAnApplicationWithoutQuickActions) {
+  home.install({});
+  ASSERT_FALSE(listOf(app).empty());
+  EXPECT_EQ(home.screen().quickActions->entries.back().title, "Sprigdial");
+}
+
+TEST_P(Shortcut, OpensTheMenuAtOnce) {
+  home.install({});
+  home->forceTouch(app);
+  home->choose("Sprigdial");
+  EXPECT_EQ(home.alert().title, "Test App");
+  EXPECT_EQ(home.screen().frontmost, "");
+}
+
+TEST_P(Shortcut, DoesNotLaunchTheApplication) {
+  home.install({});
+  home->forceTouch(app);
+  home->choose("Sprigdial");
+  EXPECT_TRUE(home->launches().empty());
+}
+
+TEST_P(Shortcut, LeavesOtherEntriesToThePlatform) {
+  home.install(appWithQuickActions());
+  home->forceTouch(app);
+  home->choose("Search");
+  EXPECT_FALSE(home.showsAlert());
+  EXPECT_EQ(home.screen().frontmost, app);
+}
+
+TEST_P(Shortcut, IsAbsentWithUseForceOff) {
+  home.install(appWithQuickActions());
+  home.settings({"useForce=false"});
+  for (const auto& entry : listOf(app)) EXPECT_NE(entry.title, "Sprigdial");
+  home->choose("Search");
+  EXPECT_EQ(home.screen().frontmost, app);
+}
+
+TEST_P(Shortcut, IsAbsentWhenSwitchedOff) {
+  home.install(appWithQuickActions());
+  home.settings({"enabled=false"});
+  for (const auto& entry : listOf(app)) EXPECT_NE(entry.title, "Sprigdial");
+}
+
+TEST_P(Shortcut, IsThereWithoutItsPicture) {
+  home.install({});
+  std::filesystem::remove_all(home.path("/Library/PreferenceBundles/SprigdialSettings.bundle"));
+  const auto entries = listOf(app);
+  ASSERT_FALSE(entries.empty());
+  EXPECT_EQ(entries.back().title, "Sprigdial");
+}
+
+TEST_P(Shortcut, ActsOnTheApplicationOfTheList) {
+  home.install({});
+  home->touch("com.example.notes");
+  home->forceTouch(app);
+  home->choose("Sprigdial");
+  EXPECT_EQ(home.alert().title, "Test App");
+}
+
+TEST_P(Shortcut, AnApplicationsOwnEntryOfTheSameTypeAndAnotherTitle) {
+  home.install({.info = {{"UIApplicationShortcutItems",
+                          {{{"UIApplicationShortcutItemTitle", "Impostor"},
+                            {"UIApplicationShortcutItemType", "SprigdialItem"}}}}}});
+  home->forceTouch(app);
+  home->choose("Impostor");
+  // The old home screen tells entries by their type alone.
+  EXPECT_EQ(home.showsAlert(), isOld());
+  EXPECT_EQ(home.screen().frontmost, isOld() ? "" : app);
+}
+
+TEST_F(ShortcutOld, PictureIsATintedTemplate) {
+  home.settings({"useForce=true"});
+  home.install({});
+  home->forceTouch(app);
+  EXPECT_EQ(home.screen().quickActions->entries.back().image,
+            "/Library/PreferenceBundles/SprigdialSettings.bundle/Sprigdial.png (template)");
+}
+
+TEST_F(ShortcutOld, AnyActionOfThatTitleGetsThePicture) {
+  home.settings({"useForce=true"});
+  home.install({.info = {{"UIApplicationShortcutItems",
+                          {{{"UIApplicationShortcutItemTitle", "Sprigdial"},
+                            {"UIApplicationShortcutItemType", "mine"}}}}}});
+  home->forceTouch(app);
+  EXPECT_NE(home.screen().quickActions->entries[0].image, "");
+}
+
+TEST_F(ShortcutOld, TheListNamesTheApplicationWithoutATouch) {
+  home.settings({"useForce=true"});
+  home.install({});
+  home->forceTouch(app);
+  home->home();
+  home->perform("showAlertView");
+  EXPECT_EQ(home.alert().title, "Test App");
+}
+
+TEST_F(ShortcutOld, TheListKeepsTheSwipeAway) {
+  home.install({});
+  home->forceTouch(app);
+  home.swipeUp(app);
+  EXPECT_FALSE(home.showsAlert());
+  home->home();
+  home.swipeUp(app);
+  EXPECT_TRUE(home.showsAlert());
+}
+
+TEST_F(ShortcutOld, TheListsStateIsAskedTwiceEachTime) {
+  home.install({});
+  home->forceTouch(app);
+  const auto asked = home->ask("platform").at("forceTouchStateAsked").get<long>();
+  EXPECT_GT(asked, 0);
+  EXPECT_EQ(asked % 2, 0);
+}
+
+TEST_F(ShortcutNew, PictureIsHandedOverAsPng) {
+  home.settings({"useForce=true"});
+  home.install({});
+  home->forceTouch(app);
+  const auto size = std::filesystem::file_size(
+      home.path("/Library/PreferenceBundles/SprigdialSettings.bundle/icon@3x.png"));
+  EXPECT_EQ(home.screen().quickActions->entries.back().image, "PNG of " + std::to_string(size) + " bytes");
+}

@@ -1,0 +1,132 @@
+#include "tests/support/home.hpp"
+
+#include <stdexcept>
+
+#include "simulator/device/files.hpp"
+
+namespace test {
+namespace {
+
+using Json = nlohmann::ordered_json;
+namespace fs = std::filesystem;
+
+constexpr double wellAboveAnyThreshold = 20;
+
+sim::HomeScreen::Options prepared(sim::HomeScreen::Options options, sim::Generation generation, const fs::path& device) {
+  options.generation = generation;
+  options.device = device;
+  options.buildFolder = BUILD_DIR;
+  // A message to an object that is gone ends the process, instead of working by chance.
+  options.environment.insert({{"NSZombieEnabled", "YES"}, {"CRASH_ON_ZOMBIE", "YES"}});
+  return options;
+}
+
+void write(const fs::path& file, const Json& content) {
+  fs::create_directories(file.parent_path());
+  sim::PropertyList(content).write(file);
+}
+
+}  // namespace
+
+Home::Home(sim::Generation generation, sim::HomeScreen::Options options)
+    : device_(folder_.path() / "device"), options_(prepared(std::move(options), generation, device_.root())) {}
+
+sim::HomeScreen& Home::operator*() {
+  if (!process_) process_.emplace(options_);
+  return *process_;
+}
+
+sim::HomeScreen* Home::operator->() { return &**this; }
+
+fs::path Home::path(const std::string& onPhone) const { return device_.root() / onPhone.substr(1); }
+
+fs::path Home::container(const std::string& id) const { return path(device_.application(id)->data.string()); }
+fs::path Home::bundle(const std::string& id) const { return path(device_.application(id)->bundle.string()); }
+
+void Home::install(const App& app) {
+  Json info{{"CFBundleIdentifier", app.id}, {"CFBundleDisplayName", app.name}, {"CFBundleShortVersionString", "2.5"}};
+  for (const auto& [key, value] : app.info.items()) {
+    if (value.is_null()) {
+      info.erase(key);
+    } else {
+      info[key] = value;
+    }
+  }
+  const std::string uuid = sim::Device::uuid(app.id);
+  write(path("/var/containers/Bundle/Application/" + uuid + "/" + app.folder + "/Info.plist"), info);
+  if (app.hasContainer) {
+    const auto data = path("/var/mobile/Containers/Data/Application/" + uuid);
+    write(data / ".com.apple.mobile_container_manager.metadata.plist", {{"MCMMetadataIdentifier", app.id}});
+    fs::create_directories(data / "Documents");
+    fs::create_directories(data / (app.hasCaches ? "Library/Caches" : "Library"));
+  }
+  rescan();
+}
+
+void Home::installFileManager() {
+  device_.setFilzaInstalled(true);
+  rescan();
+}
+
+void Home::setBadge(const std::string& id, const Json& badge) {
+  write(path("/var/mobile/Library/SpringBoard/applicationState.plist"), {{id, {{"badge", badge}}}});
+  rescan();
+}
+
+void Home::rescan() {
+  if (process_) process_->rescan();
+}
+
+void Home::addCache(const std::string& id, const std::string& name, std::uint64_t size) {
+  sim::writeSparseFile(container(id) / "Library/Caches" / name, size);
+}
+
+Home& Home::settings(const std::vector<std::string>& pairs) {
+  if (process_) {
+    process_->settings(pairs);
+  } else {
+    device_.setSettings(pairs);
+  }
+  return *this;
+}
+
+Home& Home::openMenu(const std::string& id) { return swipeUp(id, 0, -wellAboveAnyThreshold); }
+
+Home& Home::swipeUp(const std::string& id, double dx, double dy) {
+  (**this).swipe(id, {{dx, dy}});
+  return *this;
+}
+
+Screen Home::screen() { return (**this).screen(); }
+
+AlertOnScreen Home::alert() { return (**this).sheet(); }
+
+bool Home::showsAlert() { return screen().topAlert() != nullptr; }
+
+std::vector<std::string> Home::buttons() { return alert().titles(); }
+
+bool Home::hasButton(const std::string& title) {
+  const auto titles = buttons();
+  return std::find(titles.begin(), titles.end(), title) != titles.end();
+}
+
+std::string Home::cacheTitle() {
+  for (const auto& title : buttons())
+    if (title.rfind("Clear Caches", 0) == 0) return title;
+  return "no cache entry";
+}
+
+long Home::live(const std::string& name) {
+  const auto counts = (**this).live();
+  const auto found = counts.find(name);
+  return found != counts.end() ? found->second : 0;
+}
+
+std::string runInside(const sim::Device& device, const std::string& program) {
+  sim::SandboxedProcess process(device.root(), BUILD_DIR, {"/run/simulator/" + program}, {});
+  if (const auto status = process.end(std::chrono::seconds(60)); status != 0)
+    throw std::runtime_error(program + " failed: " + process.output());
+  return process.output();
+}
+
+}  // namespace test

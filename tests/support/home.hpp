@@ -1,0 +1,98 @@
+// A home screen for one test: a device of its own, the library mapped, and words for what a person does.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "simulator/control/home_screen.hpp"
+#include "simulator/device/files.hpp"
+
+namespace test {
+
+using sim::AlertOnScreen;
+using sim::Screen;
+
+/// An application as a test puts it on the device, beside the samples.
+struct App {
+  std::string id = "com.example.test";
+  std::string name = "Test App";
+  nlohmann::ordered_json info = {};      ///< further Info.plist keys; a null value takes a default key away
+  std::string folder = "Test.app";       ///< name of the bundle's folder
+  bool hasContainer = true;
+  bool hasCaches = true;
+};
+
+/// One test's home screen. Nothing runs before `boot` or the first gesture.
+class Home {
+ public:
+  explicit Home(sim::Generation generation, sim::HomeScreen::Options options = {});
+
+  sim::HomeScreen* operator->();
+  sim::HomeScreen& operator*();
+  /// May be changed until the first gesture.
+  sim::HomeScreen::Options& options() { return options_; }
+  sim::Device& device() { return device_; }
+
+  /// A file or folder of the device, given by its path on the phone.
+  std::filesystem::path path(const std::string& onPhone) const;
+  /// Where the application keeps its data and its bundle, on this PC.
+  std::filesystem::path container(const std::string& id) const;
+  std::filesystem::path bundle(const std::string& id) const;
+  void install(const App& app);
+  void installFileManager();
+  /// Gives the icon a badge, a number or a text, and every other icon none.
+  void setBadge(const std::string& id, const nlohmann::ordered_json& badge);
+  /// A file of that size below the application's caches.
+  void addCache(const std::string& id, const std::string& name, std::uint64_t size);
+
+  /// Writes settings, "KEY=VALUE", and tells the process if it runs.
+  Home& settings(const std::vector<std::string>& pairs);
+  /// Opens the menu of the application by a swipe.
+  Home& openMenu(const std::string& id = "com.example.test");
+  /// Swipes up on the icon by one sample.
+  Home& swipeUp(const std::string& id, double dx = 0, double dy = -20);
+
+  Screen screen();
+  /// The alert or sheet of the topmost window; fails the test when there is none.
+  AlertOnScreen alert();
+  bool showsAlert();
+  std::vector<std::string> buttons();
+  bool hasButton(const std::string& title);
+  /// The button of the cache entry.
+  std::string cacheTitle();
+  /// How many objects of that class are alive; "blocks" counts copied blocks.
+  long live(const std::string& name);
+
+ private:
+  void rescan();
+
+  sim::TemporaryFolder folder_;
+  sim::Device device_;
+  sim::HomeScreen::Options options_;
+  std::optional<sim::HomeScreen> process_;
+};
+
+/// What a program of the build folder prints when it runs inside the device.
+std::string runInside(const sim::Device& device, const std::string& program);
+
+/// Every behaviour is tested on both generations.
+class Generations : public testing::TestWithParam<sim::Generation> {
+ protected:
+  Home home{GetParam()};
+  bool isOld() const { return GetParam() == sim::Generation::old; }
+  std::string menuHost() const { return isOld() ? "SBIconController" : "SBHIconManager"; }
+};
+class OldGeneration : public testing::Test {
+ protected:
+  Home home{sim::Generation::old};
+};
+class NewGeneration : public testing::Test {
+ protected:
+  Home home{sim::Generation::recent};
+};
+
+inline const auto bothGenerations = testing::Values(sim::Generation::old, sim::Generation::recent);
+inline std::string generationName(const testing::TestParamInfo<sim::Generation>& info) {
+  return info.param == sim::Generation::old ? "Old" : "New";
+}
+
+}  // namespace test
