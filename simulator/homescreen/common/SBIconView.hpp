@@ -1,0 +1,34 @@
+// An icon's picture and label on the home screen.
+#pragma once
+
+#include "simulator/frameworks/uikit/UIImageView.hpp"
+#include "simulator/frameworks/uikit/UILabel.hpp"
+#include "simulator/homescreen/common/SBIcon.hpp"
+
+namespace sim {
+
+struct SBIconView : UIView {
+  Ref<SBIcon> icon;
+  // A view that no initialiser has set up has neither.
+  Ref<UIImageView> iconImageView;
+  Ref<UILabel> labelView;
+
+  /// The old generation's initialiser.
+  SBIconView* initWithContentType(NSUInteger contentType);
+  // The new generation's, the last of which sets the view up.
+  SBIconView* initWithFrame(CGRect frame);
+  SBIconView* initWithConfigurationOptions(NSUInteger options);
+  SBIconView* initWithConfigurationOptionsProvider(NSUInteger options, id listLayoutProvider);
+
+  void setIcon(SBIcon* shown);
+  /// Reads the icon's name anew.
+  void updateLabel();
+  void layoutSubviews();
+
+ private:
+  SBIconView* setUp();
+};
+
+void defineSBIconView(Generation generation);
+
+}  // namespace sim

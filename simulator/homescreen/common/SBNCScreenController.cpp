@@ -1,0 +1,16 @@
+#include "simulator/homescreen/common/SBNCScreenController.hpp"
+
+namespace sim {
+
+void SBNCScreenController::turnOnScreen(NCNotificationRequest* request) {
+  home().screenOn = true;
+  home().events.push_back("screen woken by " + delivered(request).id);
+}
+
+void defineSBNCScreenController() {
+  ClassBuilder<SBNCScreenController>("SBNCScreenController", "NSObject")
+      .method<&SBNCScreenController::turnOnScreen>("turnOnScreenForNotificationRequest:")
+      .add();
+}
+
+}  // namespace sim

@@ -1,0 +1,15 @@
+#include "simulator/homescreen/common/SBNCSoundController.hpp"
+
+namespace sim {
+
+void SBNCSoundController::playSound(NCNotificationRequest* request) {
+  home().events.push_back("sound for " + delivered(request).id);
+}
+
+void defineSBNCSoundController() {
+  ClassBuilder<SBNCSoundController>("SBNCSoundController", "NSObject")
+      .method<&SBNCSoundController::playSound>("playSoundForNotificationRequest:")
+      .add();
+}
+
+}  // namespace sim

@@ -1,0 +1,103 @@
+#include "simulator/homescreen/common/icons.hpp"
+
+#include <set>
+
+#include "simulator/homescreen/common/SBApplicationController.hpp"
+#include "simulator/homescreen/common/badge_store.hpp"
+#include "simulator/homescreen/common/shared_instance.hpp"
+
+namespace sim {
+namespace {
+
+std::string bundleIdentifierOf(SBIcon* icon) { return text(send<id>(icon, "applicationBundleID"_sel)); }
+
+SBIcon* iconOfApplication(const std::string& bundleIdentifier) {
+  return send<SBIcon*>(iconModel(), "applicationIconForBundleIdentifier:"_sel, ns(bundleIdentifier));
+}
+
+SBIcon* iconOfBookmark(const std::string& title) {
+  for (SBIcon* icon : iconModel()->icons)
+    if (isKind(icon, "SBBookmarkIcon"_cls) && text(send<id>(icon, "displayName"_sel)) == title) return icon;
+  return nullptr;
+}
+
+bool isDownloading(SBIcon* icon) { return isKind(icon, "SBDownloadingIcon"_cls); }
+
+// Adds a new icon of the class, initialised with one object.
+SBIcon* addIcon(Class cls, SEL initialiser, id content) {
+  auto icon = Ref<SBIcon>::adopt(send<SBIcon*>(send<id>(cls, "alloc"_sel), initialiser, content));
+  iconModel()->icons.push_back(icon);
+  iconPage()->show(icon);
+  return icon;
+}
+
+void addApplications(const std::vector<InstalledApplication>& installed) {
+  for (const auto& application : installed) {
+    if (SBIcon* icon = iconOfApplication(application.bundleIdentifier); isDownloading(icon)) removeIcon(icon);
+    SBApplication* known = SBApplicationController::shared()->update(application);
+    if (iconOfApplication(application.bundleIdentifier) != nullptr) continue;
+    SBIcon* icon = addIcon("SBApplicationIcon"_cls, "initWithApplication:"_sel, known);
+    send(icon, "setBadge:"_sel, storedBadge(application.bundleIdentifier));
+  }
+}
+
+void removeMissing(const std::vector<InstalledApplication>& installed, const std::vector<std::string>& bookmarks) {
+  std::set<std::string> identifiers;
+  for (const auto& application : installed) identifiers.insert(application.bundleIdentifier);
+  const std::set<std::string> titles(bookmarks.begin(), bookmarks.end());
+  const auto icons = iconModel()->icons;
+  for (SBIcon* icon : icons) {
+    const bool present = isDownloading(icon) || (isKind(icon, "SBBookmarkIcon"_cls)
+                                                     ? titles.contains(text(send<id>(icon, "displayName"_sel)))
+                                                     : identifiers.contains(bundleIdentifierOf(icon)));
+    if (!present) removeIcon(icon);
+  }
+}
+
+}  // namespace
+
+SBIconModel* iconModel() { return static_cast<SBIconModel*>(sharedInstance("SBIconModel"_cls)); }
+SBIconListView* iconPage() { return static_cast<SBIconListView*>(sharedInstance("SBIconListView"_cls)); }
+
+void readInstalled() {
+  const auto installed = installedApplications();
+  const auto bookmarks = installedBookmarks();
+  removeMissing(installed, bookmarks);
+  addApplications(installed);
+  for (const auto& title : bookmarks)
+    if (iconOfBookmark(title) == nullptr) addIcon("SBBookmarkIcon"_cls, "initWithTitle:"_sel, ns(title));
+  showIcons();
+}
+
+void showIcons() { iconPage()->arrange(iconModel()->icons); }
+
+SBIcon* requireIcon(const std::string& idOrTitle) {
+  SBIcon* icon = iconOfApplication(idOrTitle);
+  if (icon == nullptr) icon = iconOfBookmark(idOrTitle);
+  if (icon == nullptr) throw BadRequest("There is no icon \"" + idOrTitle + "\" on the home screen");
+  return icon;
+}
+
+SBIconView* viewOf(SBIcon* icon) { return send<SBIconView*>(iconPage(), "iconViewForIcon:"_sel, icon); }
+
+void addDownloadingIcon(const std::string& bundleIdentifier) {
+  if (iconOfApplication(bundleIdentifier) != nullptr)
+    throw BadRequest("\"" + bundleIdentifier + "\" is on the home screen already");
+  InstalledApplication placeholder;
+  placeholder.bundleIdentifier = placeholder.name = bundleIdentifier;
+  addIcon("SBDownloadingIcon"_cls, "initWithApplication:"_sel, SBApplicationController::shared()->update(placeholder));
+  showIcons();
+}
+
+void removeIcon(SBIcon* icon) {
+  const Ref<SBIcon> kept = icon;
+  const std::string identifier = bundleIdentifierOf(icon);
+  iconPage()->remove(icon);
+  std::erase(iconModel()->icons, kept);
+  SBApplicationController::shared()->remove(identifier);
+  std::erase(home().switcher, identifier);
+  if (home().frontmost == identifier) home().frontmost.clear();
+  showIcons();
+}
+
+}  // namespace sim
