@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // Optional parts are null in the JSON form.
@@ -86,6 +87,13 @@ struct AlertOnScreen {
   std::vector<ButtonOnScreen> buttons;  ///< in the order they were added
   std::vector<TextFieldOnScreen> textFields;
   std::optional<Popover> popover;  ///< on a tablet, for action sheets
+
+  /// The buttons' titles, in order.
+  std::vector<std::string> titles() const {
+    std::vector<std::string> all;
+    for (const ButtonOnScreen& button : buttons) all.push_back(button.title);
+    return all;
+  }
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(AlertOnScreen, style, title, message, buttons, textFields, popover)
 
@@ -143,6 +151,18 @@ struct Screen {
   std::vector<NotificationOnScreen> lockScreen;
   std::vector<std::string> switcher;  ///< the application switcher's titles, latest first
   std::vector<std::string> events;    ///< since last asked: "screen woken by ID", "sound for ID", "launched ID …"
+
+  /// The icon of that bundle identifier, or null.
+  const IconOnScreen* icon(std::string_view id) const {
+    for (const IconOnScreen& candidate : icons) {
+      if (candidate.id == id) return &candidate;
+    }
+    return nullptr;
+  }
+  /// The sheet or alert of the topmost window, or null when it has none.
+  const AlertOnScreen* topAlert() const {
+    return !windows.empty() && windows.back().alert ? &*windows.back().alert : nullptr;
+  }
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Screen, generation, on, locked, poweringDown, editing, frontmost, icons,
                                    quickActions, windows, banners, lockScreen, switcher, events)

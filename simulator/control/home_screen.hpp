@@ -1,0 +1,168 @@
+// The home screen as a person has it in the hand: everything he can do, and everything he can see.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "simulator/control/error.hpp"
+#include "simulator/control/screen.hpp"
+#include "simulator/device/device.hpp"
+#include "simulator/device/sandbox.hpp"
+
+namespace sim {
+
+enum class Generation { old, recent };
+
+/// A finger's way from one touch sample to the next, in points; down and right are positive.
+struct TouchSample {
+  double dx = 0, dy = 0;
+};
+
+/// A booted home screen. What he does reads as a sentence, since every action gives the home screen back:
+/// `home.forceTouch("com.example.notes").choose("Sprigdial")`. An action that cannot be done throws `BadInput` and
+/// changes nothing; `HomeScreenDied` tells that the process ended.
+class HomeScreen {
+ public:
+  struct Options {
+    Generation generation = Generation::old;
+    std::optional<double> coreVersion;   ///< the core library's version; without it the generation's own
+    bool tablet = false;
+    std::filesystem::path device;        ///< its folder; made when missing
+    std::filesystem::path buildFolder = ownFolder();  ///< where SpringBoard and Sprigdial.so are
+    std::optional<double> clock;         ///< seconds since 1970; without it the clock starts now
+    std::optional<std::string> timeZone; ///< such as "Europe/Rome"; without it this process's own
+    bool live = false;                   ///< the clock runs by itself
+    bool withLibrary = true;             ///< the add-on is mapped
+    std::map<std::string, std::string> environment;  ///< of the process, besides the usual
+  };
+
+  /// The folder of the running program.
+  static std::filesystem::path ownFolder();
+
+  /// Boots; returns when the home screen is up.
+  explicit HomeScreen(Options options);
+  ~HomeScreen();
+
+  const Options& options() const { return options_; }
+  Device& device() { return device_; }
+
+  /// Ends the process and starts a new one on the same device; the clock goes on where it stood.
+  HomeScreen& respring();
+  /// Ends the process and waits for it. Throws `HomeScreenDied` when it did not end well.
+  void shutDown();
+
+  /// A finger is put on an icon and taken away, without a tap.
+  HomeScreen& touch(std::string_view id);
+  /// A finger drags on an icon, sample by sample.
+  HomeScreen& swipe(std::string_view id, const std::vector<TouchSample>& samples);
+  /// Three samples straight up, or down, each of 20 points.
+  HomeScreen& swipeUp(std::string_view id);
+  HomeScreen& swipeDown(std::string_view id);
+  /// Opens the icon's quick-action list.
+  HomeScreen& forceTouch(std::string_view id);
+  /// Chooses an entry of the open quick-action list.
+  HomeScreen& choose(std::string_view title);
+  /// Taps a button of the topmost window's sheet or alert.
+  HomeScreen& tap(std::string_view title);
+  /// Replaces the text of the topmost alert's first text field.
+  HomeScreen& type(std::string_view text);
+  /// Taps the icon: the application opens.
+  HomeScreen& launch(std::string_view id);
+  /// Presses the home button.
+  HomeScreen& home();
+  HomeScreen& edit(bool on);
+  HomeScreen& lock();
+  HomeScreen& unlock();
+
+  /// What the old generation's cover sheet is told when the screen goes off or on.
+  struct ScreenMode {
+    std::optional<bool> mode, autoUnlock;
+    std::optional<int> source;  ///< with it, by the longer method
+  };
+  HomeScreen& screenOff(const ScreenMode& mode = {});
+  HomeScreen& screenOn(const ScreenMode& mode = {});
+  /// Brings the power-down slider up.
+  HomeScreen& powerDown();
+  /// A notification of the application arrives.
+  HomeScreen& notify(std::string_view id, std::string_view text);
+  /// A downloading icon appears, is asked whether it is one, is removed by the user.
+  HomeScreen& startDownload(std::string_view id);
+  HomeScreen& askDownload(std::string_view id);
+  HomeScreen& removeDownload(std::string_view id);
+  /// Installs an application archive; its icon appears.
+  HomeScreen& install(const std::filesystem::path& archive);
+  /// The file manager comes or goes.
+  HomeScreen& setFilzaInstalled(bool installed);
+  /// Changes settings in the settings pane: texts KEY=VALUE.
+  HomeScreen& settings(const std::vector<std::string>& assignments);
+  /// Posts a Darwin notification.
+  HomeScreen& post(std::string_view name);
+  /// Lets the clock run on.
+  HomeScreen& advance(double seconds);
+  /// Looks for applications that came or went on the device.
+  HomeScreen& rescan();
+  /// Sends a message without arguments to the menu host, or to the shared object of the class named.
+  HomeScreen& perform(std::string_view selector, std::optional<std::string> className = {});
+
+  /// Everything he sees now. The events are told once.
+  Screen screen();
+  /// The topmost window's sheet or alert. Throws `BadInput` when there is none.
+  AlertOnScreen sheet();
+  /// The clock, in seconds since 1970.
+  double now();
+
+  struct Pasteboard {
+    std::string type, text;
+  };
+  std::optional<Pasteboard> pasteboard();
+  struct OpenedUrl {
+    std::string url;
+    bool opened = false;
+  };
+  /// The addresses that were to be opened, since the start.
+  std::vector<OpenedUrl> urls();
+  struct Launch {
+    std::string id;
+    std::optional<std::string> location, context, settings, actions;  ///< what the icon was told
+  };
+  std::vector<Launch> launches();
+  struct Call {
+    std::string kind, className, selector, encoding;
+  };
+  /// What the library hooked, added, observed and, while messages are logged, sent.
+  std::vector<Call> calls();
+  HomeScreen& logMessages(bool on);
+  struct DarwinObserver {
+    std::string name;
+    nlohmann::json observer, object;
+    int suspension = 0;
+  };
+  std::vector<DarwinObserver> darwinObservers();
+  /// The number of live objects by class, and of blocks.
+  std::map<std::string, long> live();
+  /// What the process wrote to its standard output and error.
+  std::string output() const { return process_->output(); }
+
+  /// Asks the process by the protocol's words; returns the value.
+  nlohmann::json ask(const std::string& verb, nlohmann::json members = nlohmann::json::object());
+
+ private:
+  void start();
+  HomeScreen& act(const std::string& verb, nlohmann::json members = nlohmann::json::object());
+  std::string readLine();
+  [[noreturn]] void died(const std::string& reason);
+
+  Options options_;
+  Device device_;
+  std::unique_ptr<SandboxedProcess> process_;
+  std::string unread_;
+};
+
+}  // namespace sim

@@ -1,0 +1,44 @@
+// Starting a program inside the device, where the device's folder is the root of the file system.
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sim {
+
+/// A program that runs inside a device as an ordinary user, with a socket to speak with it. It is ended with
+/// this value.
+class SandboxedProcess {
+ public:
+  /// Starts `command`, whose paths are the device's; `buildFolder` is there as /run/simulator. The program's end of
+  /// the socket is its file descriptor 3. Namespaces are used where they are allowed, else system calls are traced;
+  /// SIMULATOR_SANDBOX=bwrap or proot in the environment decides for one. Throws `std::runtime_error`.
+  SandboxedProcess(const std::filesystem::path& device, const std::filesystem::path& buildFolder,
+                   const std::vector<std::string>& command, const std::map<std::string, std::string>& environment);
+  ~SandboxedProcess();
+  SandboxedProcess(const SandboxedProcess&) = delete;
+  SandboxedProcess& operator=(const SandboxedProcess&) = delete;
+
+  int socket() const { return socket_; }
+  /// Closes the socket and waits for the program's end, for so long; none when it still runs. The value is the exit
+  /// status, or 128 and the signal's number.
+  std::optional<int> end(std::chrono::milliseconds patience);
+  /// Ends the program and what it started at once.
+  void kill();
+  /// What the program wrote to its standard output and error.
+  std::string output() const;
+
+ private:
+  pid_t pid_ = -1;
+  int socket_ = -1;
+  int output_ = -1;
+  std::optional<int> status_;
+};
+
+}  // namespace sim
