@@ -1,0 +1,49 @@
+// What the two generations of the home screen do differently when a person acts.
+#pragma once
+
+#include "simulator/homescreen/common/NCNotificationRequest.hpp"
+#include "simulator/homescreen/common/SBIconView.hpp"
+
+namespace sim {
+
+/// An entry of the open quick-action list, as a person sees it.
+struct QuickActionEntry {
+  std::string title;
+  std::string subtitle;
+  std::string image;  ///< empty without a picture
+};
+
+/// How the cover sheet is told of the screen's state.
+struct ScreenChange {
+  bool off = true;
+  bool autoUnlock = false;
+  std::optional<NSInteger> unlockSource;  ///< told of only when it is there
+};
+
+/// One generation's actions. Each sends the messages that a phone of that generation sends.
+struct PlatformActions {
+  /// Registers the classes that only this generation has.
+  void (*defineClasses)();
+  /// The object that icons' touches are told to.
+  id (*menuHost)();
+  /// Sends the icon its launch message.
+  void (*launch)(SBIcon* icon, const std::string& identifier);
+  /// Asks for the list's entries and shows the list, unless there are none.
+  std::vector<QuickActionEntry> (*openQuickActions)(SBIconView* view);
+  /// Acts on an entry of the open list.
+  void (*chooseQuickAction)(std::size_t index);
+  /// The list is gone from the screen.
+  void (*closeQuickActions)();
+  void (*changeScreen)(const ScreenChange& change);
+  void (*showPowerDown)();
+  /// Tells the lock screen, then the banners.
+  void (*deliver)(NCNotificationRequest* request);
+};
+
+/// Those of the running generation.
+const PlatformActions& platformActions();
+
+extern const PlatformActions oldActions;
+extern const PlatformActions newActions;
+
+}  // namespace sim

@@ -1,0 +1,18 @@
+#include "simulator/homescreen/old/SBDashBoardNotificationDispatcher.hpp"
+
+#include "simulator/homescreen/common/shared_instance.hpp"
+
+namespace sim::old {
+
+void SBDashBoardNotificationDispatcher::post(NCNotificationRequest* request, id) {
+  home().lockScreen.push_back(delivered(request));
+}
+
+void defineSBDashBoardNotificationDispatcher() {
+  ClassBuilder<SBDashBoardNotificationDispatcher>("SBDashBoardNotificationDispatcher", "NSObject")
+      .classMethod<&sharedInstance>("sharedInstance")
+      .method<&SBDashBoardNotificationDispatcher::post>("postNotificationRequest:forCoalescedNotification:")
+      .add();
+}
+
+}  // namespace sim::old

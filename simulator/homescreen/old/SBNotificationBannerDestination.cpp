@@ -1,0 +1,21 @@
+#include "simulator/homescreen/old/SBNotificationBannerDestination.hpp"
+
+#include "simulator/homescreen/common/shared_instance.hpp"
+
+namespace sim::old {
+
+void SBNotificationBannerDestination::post(NCNotificationRequest* request, id, BOOL, id,
+                                           const BlockLiteral* completion) {
+  home().banners.push_back(delivered(request));
+  BlockRef{completion}(BOOL{true});
+}
+
+void defineSBNotificationBannerDestination() {
+  ClassBuilder<SBNotificationBannerDestination>("SBNotificationBannerDestination", "NSObject")
+      .classMethod<&sharedInstance>("sharedInstance")
+      .method<&SBNotificationBannerDestination::post>(
+          "_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:")
+      .add();
+}
+
+}  // namespace sim::old

@@ -1,0 +1,17 @@
+#include "simulator/homescreen/old/SBPowerDownController.hpp"
+
+#include "simulator/homescreen/common/home.hpp"
+#include "simulator/homescreen/common/shared_instance.hpp"
+
+namespace sim::old {
+
+void SBPowerDownController::orderFront() { home().poweringDown = true; }
+
+void defineSBPowerDownController() {
+  ClassBuilder<SBPowerDownController>("SBPowerDownController", "NSObject")
+      .classMethod<&sharedInstance>("sharedInstance")
+      .method<&SBPowerDownController::orderFront>("orderFront")
+      .add();
+}
+
+}  // namespace sim::old

@@ -1,0 +1,79 @@
+// What a person's actions send in the old generation.
+#include "simulator/homescreen/common/platform_actions.hpp"
+#include "simulator/homescreen/common/shared_instance.hpp"
+#include "simulator/homescreen/old/SBDashBoardNotificationDispatcher.hpp"
+#include "simulator/homescreen/old/SBDashBoardViewController.hpp"
+#include "simulator/homescreen/old/SBIconController.hpp"
+#include "simulator/homescreen/old/SBNotificationBannerDestination.hpp"
+#include "simulator/homescreen/old/SBPowerDownController.hpp"
+#include "simulator/homescreen/old/SBUIAppIconForceTouchController.hpp"
+#include "simulator/homescreen/old/SBUIAppIconForceTouchControllerDataProvider.hpp"
+
+namespace sim {
+namespace {
+
+void defineClasses() {
+  old::defineSBIconViewMap();
+  old::defineSBIconController();
+  old::defineSBUIAction();
+  old::defineSBUIAppIconForceTouchControllerDataProvider();
+  old::defineSBUIAppIconForceTouchController();
+  old::defineSBDashBoardViewController();
+  old::defineSBPowerDownController();
+  old::defineSBDashBoardNotificationDispatcher();
+  old::defineSBNotificationBannerDestination();
+}
+
+id menuHost() { return send<id>("SBIconController"_cls, "sharedInstance"_sel); }
+
+void launch(SBIcon* icon, const std::string& identifier) {
+  send(icon, "launchFromLocation:context:activationSettings:actions:"_sel, NSInteger{0},
+       ns("home-screen tap on " + identifier), ns("activation settings for " + identifier),
+       ns("actions for " + identifier));
+}
+
+std::string describe(UIImage* image) {
+  if (image == nullptr) return {};
+  if (image->path.empty())
+    return "PNG of " + std::to_string(send<NSUInteger>(image->data, "length"_sel)) + " bytes";
+  return image->path + (image->renderingMode == UIImageRenderingMode::alwaysTemplate ? " (template)" : "");
+}
+
+std::vector<QuickActionEntry> openQuickActions(SBIconView* view) {
+  auto* controller = old::SBUIAppIconForceTouchController::shared();
+  controller->open(view);
+  std::vector<QuickActionEntry> entries;
+  for (old::SBUIAction* action : controller->actions)
+    entries.push_back({text(action->title), text(action->subtitle), describe(action->image)});
+  return entries;
+}
+
+void chooseQuickAction(std::size_t index) { old::SBUIAppIconForceTouchController::shared()->choose(index); }
+void closeQuickActions() { old::SBUIAppIconForceTouchController::shared()->close(); }
+
+void changeScreen(const ScreenChange& change) {
+  id dashBoard = sharedInstance("SBDashBoardViewController"_cls);
+  if (change.unlockSource)
+    send(dashBoard, "setInScreenOffMode:forAutoUnlock:fromUnlockSource:"_sel, BOOL{change.off},
+         BOOL{change.autoUnlock}, *change.unlockSource);
+  else
+    send(dashBoard, "setInScreenOffMode:forAutoUnlock:"_sel, BOOL{change.off}, BOOL{change.autoUnlock});
+}
+
+void showPowerDown() { send(sharedInstance("SBPowerDownController"_cls), "orderFront"_sel); }
+
+void deliver(NCNotificationRequest* request) {
+  send(sharedInstance("SBDashBoardNotificationDispatcher"_cls),
+       "postNotificationRequest:forCoalescedNotification:"_sel, request, id{nullptr});
+  send(sharedInstance("SBNotificationBannerDestination"_cls),
+       "_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:"_sel, request, id{nullptr},
+       BOOL{false}, id{nullptr}, makeBlock<void(BOOL)>([] {}).pointer());
+}
+
+}  // namespace
+
+const PlatformActions oldActions = {defineClasses,     menuHost,          launch,       openQuickActions,
+                                    chooseQuickAction, closeQuickActions, changeScreen, showPowerDown,
+                                    deliver};
+
+}  // namespace sim
