@@ -1,0 +1,232 @@
+#include "simulator/control/print.hpp"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace sim {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+struct Range {
+  char32_t first, last;
+};
+constexpr Range narrow[] = {{0x300, 0x36F}, {0x200B, 0x200F}, {0x20D0, 0x20FF}, {0xFE00, 0xFE0F}, {0x1F3FB, 0x1F3FF}};
+constexpr Range wide[] = {{0x1100, 0x115F}, {0x2614, 0x2615}, {0x2E80, 0xA4CF}, {0xAC00, 0xD7A3},
+                          {0xF900, 0xFAFF}, {0xFE30, 0xFE6F}, {0xFF00, 0xFF60}, {0x1F300, 0x1FAFF}};
+
+/// The columns that a text takes in a terminal.
+std::size_t columns(std::string_view text) {
+  std::size_t count = 0;
+  for (std::size_t index = 0; index < text.size();) {
+    const auto lead = static_cast<unsigned char>(text[index]);
+    const int length = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    char32_t point = length == 1 ? lead : lead & (0x7FU >> static_cast<unsigned>(length));
+    for (int next = 1; next < length && index + next < text.size(); ++next) {
+      point = point << 6U | (static_cast<unsigned char>(text[index + next]) & 0x3FU);
+    }
+    const auto within = [point](const Range& range) { return point >= range.first && point <= range.last; };
+    if (std::none_of(std::begin(narrow), std::end(narrow), within)) {
+      count += std::any_of(std::begin(wide), std::end(wide), within) ? 2 : 1;
+    }
+    index += static_cast<std::size_t>(length);
+  }
+  return count;
+}
+
+std::string repeated(std::string_view piece, std::size_t count) {
+  std::string text;
+  while (count-- > 0) text += piece;
+  return text;
+}
+
+std::string padded(const std::string& text, std::size_t width) {
+  return text + std::string(width - std::min(width, columns(text)), ' ');
+}
+
+std::string centred(const std::string& text, std::size_t width) {
+  const std::size_t spare = width - std::min(width, columns(text));
+  return padded(std::string(spare / 2, ' ') + text, width);
+}
+
+/// A number without decimals that say nothing.
+std::string brief(double value) {
+  const std::string text = nlohmann::json(value).dump();
+  return text.ends_with(".0") ? text.substr(0, text.size() - 2) : text;
+}
+
+Lines split(const std::string& text) {
+  Lines lines(1);
+  for (const char c : text) {
+    if (c == '\n') lines.emplace_back();
+    else lines.back() += c;
+  }
+  return lines;
+}
+
+/// Sections of lines one under the other in a frame, with a rule between them.
+Lines boxed(const std::vector<Lines>& sections) {
+  std::size_t width = 24;
+  for (const Lines& section : sections) {
+    for (const std::string& line : section) width = std::max(width, columns(line));
+  }
+  const std::string rule = repeated("─", width + 2);
+  Lines box = {"╭" + rule + "╮"};
+  for (const Lines& section : sections) {
+    if (box.size() > 1) box.push_back("├" + rule + "┤");
+    for (const std::string& line : section) box.push_back("│ " + centred(line, width) + " │");
+  }
+  box.push_back("╰" + rule + "╯");
+  return box;
+}
+
+void append(std::string& text, const Lines& lines, const std::string& indent) {
+  for (const std::string& line : lines) text += indent + line + "\n";
+}
+
+std::string heading(const Screen& screen) {
+  std::string text = "Home screen, " + screen.generation + " generation";
+  if (!screen.on) text += " · screen off";
+  if (screen.locked) text += " · locked";
+  if (screen.editing) text += " · editing";
+  if (screen.poweringDown) text += " · slide to power off";
+  return text + "\n";
+}
+
+std::string iconText(const IconOnScreen& icon) {
+  const char* picture = icon.kind == "downloading" ? "◌" : icon.kind == "bookmark" ? "◇" : "▢";
+  std::string text = std::string(picture) + " " + (icon.labelHidden ? "····" : icon.label);
+  if (!icon.badge.empty()) text += " (" + icon.badge + ")";
+  return text;
+}
+
+std::string iconRows(const std::vector<IconOnScreen>& icons) {
+  constexpr std::size_t perRow = 4;
+  std::size_t width = 0;
+  for (const IconOnScreen& icon : icons) width = std::max(width, columns(iconText(icon)));
+  std::string text;
+  for (std::size_t start = 0; start < icons.size(); start += perRow) {
+    std::string row = " ";
+    for (std::size_t index = start; index < std::min(icons.size(), start + perRow); ++index) {
+      row += " " + padded(iconText(icons[index]), width + 1);
+    }
+    text += row.substr(0, row.find_last_not_of(' ') + 1) + "\n";
+  }
+  return text;
+}
+
+Lines quickActionBox(const QuickActionList& list) {
+  std::vector<Lines> sections;
+  for (const QuickAction& entry : list.entries) {
+    Lines lines = {(entry.image.empty() ? "" : "◉ ") + entry.title};
+    if (!entry.subtitle.empty()) lines.push_back(entry.subtitle);
+    sections.push_back(lines);
+  }
+  return boxed(sections);
+}
+
+std::string fieldText(const TextFieldOnScreen& field) {
+  const std::string shown = field.text.empty() ? "(" + field.placeholder + ")" : field.text;
+  return "[ " + padded(shown, 20) + (field.clearButton == "always" ? " ⓧ ]" : " ]");
+}
+
+std::string buttonText(const ButtonOnScreen& button) {
+  return button.style == "destructive" ? "! " + button.title + " !" : button.title;
+}
+
+Lines alertBox(const AlertOnScreen& alert) {
+  std::vector<Lines> sections;
+  Lines head;
+  for (const auto& part : {alert.title, alert.message}) {
+    if (!part) continue;
+    for (const std::string& line : split(*part)) head.push_back(line);
+  }
+  for (const TextFieldOnScreen& field : alert.textFields) head.push_back(fieldText(field));
+  if (!head.empty()) sections.push_back(head);
+  Lines buttons;
+  for (const ButtonOnScreen& button : alert.buttons) {
+    // The cancel button stands apart from the others.
+    if (button.style == "cancel" && !buttons.empty()) sections.push_back(std::exchange(buttons, {}));
+    buttons.push_back(buttonText(button));
+  }
+  if (!buttons.empty()) sections.push_back(buttons);
+  return boxed(sections);
+}
+
+std::string alertDetails(const AlertOnScreen& alert) {
+  std::string text = alert.style;
+  for (const TextFieldOnScreen& field : alert.textFields) {
+    text += ", " + field.keyboard + " keyboard, return key " + field.returnKey;
+  }
+  if (alert.popover) {
+    const Frame& rect = alert.popover->sourceRect;
+    text += std::string(", popover on ") + (alert.popover->sourceIsRootView ? "the root view" : alert.popover->sourceView) +
+            " " + brief(rect.width) + " × " + brief(rect.height) +
+            (alert.popover->arrowDirections == 0 ? " without an arrow" : "");
+  }
+  return text;
+}
+
+/// A plain container shows nothing by itself.
+bool hasLook(const ViewOnScreen& view) {
+  return !view.text.empty() || !view.background.empty() || view.spinning || view.cornerRadius > 0;
+}
+
+void appendViews(std::string& text, const std::vector<ViewOnScreen>& views, const std::string& indent) {
+  for (const ViewOnScreen& view : views) {
+    if (view.hidden) continue;
+    if (hasLook(view)) {
+      text += indent + view.className + " " + brief(view.frame.width) + " × " + brief(view.frame.height) + " at " +
+              brief(view.frame.x) + ", " + brief(view.frame.y);
+      if (!view.text.empty()) text += " \"" + view.text + "\"";
+      if (!view.background.empty()) text += ", background " + view.background;
+      if (view.cornerRadius > 0) text += ", corners " + brief(view.cornerRadius);
+      if (view.alpha < 1) text += ", opacity " + brief(view.alpha);
+      if (view.spinning) text += ", spinning";
+      text += "\n";
+    }
+    appendViews(text, view.subviews, hasLook(view) ? indent + "  " : indent);
+  }
+}
+
+std::string windowText(const WindowOnScreen& window) {
+  std::string text;
+  if (window.alert) append(text, alertBox(*window.alert), "  ");
+  text += "  window at level " + brief(window.level) + (window.key ? ", key" : "");
+  if (window.alert) text += ": " + alertDetails(*window.alert);
+  text += "\n";
+  appendViews(text, window.views, "    ");
+  return text;
+}
+
+std::string notifications(const char* place, const std::vector<NotificationOnScreen>& list) {
+  std::string text;
+  for (const NotificationOnScreen& item : list) text += std::string(place) + " " + item.id + ": " + item.text + "\n";
+  return text;
+}
+
+}  // namespace
+
+std::string printed(const Screen& screen) {
+  std::string text = heading(screen);
+  if (!screen.frontmost.empty()) text += "Open: " + screen.frontmost + "\n";
+  text += iconRows(screen.icons);
+  if (screen.quickActions) {
+    text += "Quick actions of " + screen.quickActions->id + "\n";
+    append(text, quickActionBox(*screen.quickActions), "  ");
+  }
+  for (const WindowOnScreen& window : screen.windows) text += windowText(window);
+  text += notifications("Banner", screen.banners) + notifications("Lock screen", screen.lockScreen);
+  if (!screen.switcher.empty()) {
+    text += "Switcher:";
+    for (const std::string& title : screen.switcher) text += " [" + title + "]";
+    text += "\n";
+  }
+  for (const std::string& event : screen.events) text += "Event: " + event + "\n";
+  return text;
+}
+
+}  // namespace sim

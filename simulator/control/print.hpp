@@ -1,0 +1,13 @@
+// What is on the screen, in plain text.
+#pragma once
+
+#include <string>
+
+#include "simulator/control/screen.hpp"
+
+namespace sim {
+
+/// The screen as a person sees it: lines that end in a line feed.
+std::string printed(const Screen& screen);
+
+}  // namespace sim
