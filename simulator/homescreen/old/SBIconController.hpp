@@ -10,12 +10,11 @@ namespace sim::old {
 struct SBIconController : Object {
   Ref<SBIconModel> iconModel;
   Ref<SBIconViewMap> homescreenIconViewMap;
-  Ref<SBIconView> touchedIconView;
 
   SBIconController* init();
   BOOL isEditing() { return home().editing; }
-  void addTouchedIconView(SBIconView* view) { touchedIconView = view; }
-  /// A finger that moves drags the icon while it is being edited; nothing else here depends on it.
+  // A phone highlights and drags the icon; neither shows here.
+  void addTouchedIconView(SBIconView*) {}
   void iconTouchMoved(SBIcon*, id) {}
   /// Every entry may be activated.
   BOOL shouldActivate(id, id, NSInteger, id) { return true; }

@@ -1,0 +1,49 @@
+// What a person does with the home screen. What it does not have is a `BadRequest`, which changes nothing.
+// Icons go by their bundle identifier, web pages by their title.
+#pragma once
+
+#include "simulator/frameworks/uikit/geometry.hpp"
+#include "simulator/homescreen/common/platform_actions.hpp"
+
+namespace sim::gestures {
+
+/// A finger is put on an icon and taken away again, without a tap.
+void touch(const std::string& icon);
+/// A finger drags on an icon, one touch movement a sample, each in points from the one before.
+void swipe(const std::string& icon, const std::vector<CGPoint>& samples);
+
+/// Presses an icon until its quick-action list opens. An empty list does not.
+void forceTouch(const std::string& icon);
+/// Chooses an entry of the open list by its title.
+void choose(const std::string& title);
+/// The open quick-action list.
+struct QuickActions {
+  std::string icon;  ///< the icon's bundle identifier
+  std::vector<QuickActionEntry> entries;
+};
+/// None while no list is open.
+const std::optional<QuickActions>& quickActions();
+
+/// Taps an icon.
+void launch(const std::string& icon);
+/// The home button: closes the list, ends editing, goes back from an application.
+void pressHome();
+void setEditing(bool on);
+
+void lock();
+void unlock();
+/// The screen alone changes, without locking or unlocking.
+void changeScreen(const ScreenChange& change);
+/// Holds the power button until the slider comes up.
+void powerDown();
+
+/// A notification of an application arrives.
+void notify(const std::string& application, const std::string& text);
+
+void startDownload(const std::string& application);
+/// Asks the icon whether it is downloading.
+bool askDownload(const std::string& application);
+/// The user removes the icon.
+void removeDownload(const std::string& application);
+
+}  // namespace sim::gestures

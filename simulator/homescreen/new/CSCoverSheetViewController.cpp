@@ -1,0 +1,18 @@
+#include "simulator/homescreen/new/CSCoverSheetViewController.hpp"
+
+#include "simulator/homescreen/common/shared_instance.hpp"
+
+namespace sim::latest {
+
+void CSCoverSheetViewController::viewWillAppear(BOOL animated) {
+  sendSuper(this, "UIViewController"_cls, "viewWillAppear:"_sel, animated);
+}
+
+void defineCSCoverSheetViewController() {
+  ClassBuilder<CSCoverSheetViewController, UIViewController>("CSCoverSheetViewController", "UIViewController")
+      .classMethod<&sharedInstance>("sharedInstance")
+      .method<&CSCoverSheetViewController::viewWillAppear>("viewWillAppear:")
+      .add();
+}
+
+}  // namespace sim::latest

@@ -1,0 +1,14 @@
+// Puts notifications on the new generation's lock screen.
+#pragma once
+
+#include "simulator/homescreen/common/NCNotificationRequest.hpp"
+
+namespace sim::latest {
+
+struct CSNotificationDispatcher : Object {
+  void post(NCNotificationRequest* request);
+};
+
+void defineCSNotificationDispatcher();
+
+}  // namespace sim::latest

@@ -1,0 +1,18 @@
+#include "simulator/homescreen/new/SBNotificationBannerDestination.hpp"
+
+#include "simulator/homescreen/common/shared_instance.hpp"
+
+namespace sim::latest {
+
+void SBNotificationBannerDestination::post(NCNotificationRequest* request) {
+  home().banners.push_back(delivered(request));
+}
+
+void defineSBNotificationBannerDestination() {
+  ClassBuilder<SBNotificationBannerDestination>("SBNotificationBannerDestination", "NSObject")
+      .classMethod<&sharedInstance>("sharedInstance")
+      .method<&SBNotificationBannerDestination::post>("postNotificationRequest:")
+      .add();
+}
+
+}  // namespace sim::latest

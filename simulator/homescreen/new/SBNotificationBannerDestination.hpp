@@ -1,0 +1,14 @@
+// Shows notifications as banners, in the new generation.
+#pragma once
+
+#include "simulator/homescreen/common/NCNotificationRequest.hpp"
+
+namespace sim::latest {
+
+struct SBNotificationBannerDestination : Object {
+  void post(NCNotificationRequest* request);
+};
+
+void defineSBNotificationBannerDestination();
+
+}  // namespace sim::latest

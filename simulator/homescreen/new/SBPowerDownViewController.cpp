@@ -1,0 +1,20 @@
+#include "simulator/homescreen/new/SBPowerDownViewController.hpp"
+
+#include "simulator/homescreen/common/home.hpp"
+#include "simulator/homescreen/common/shared_instance.hpp"
+
+namespace sim::latest {
+
+void SBPowerDownViewController::powerDownViewWillAnimateIn(UIView* powerDownView) {
+  send(powerDownView, "setHidden:"_sel, BOOL{false});
+  home().poweringDown = true;
+}
+
+void defineSBPowerDownViewController() {
+  ClassBuilder<SBPowerDownViewController, UIViewController>("SBPowerDownViewController", "UIViewController")
+      .classMethod<&sharedInstance>("sharedInstance")
+      .method<&SBPowerDownViewController::powerDownViewWillAnimateIn>("powerDownViewWillAnimateIn:")
+      .add();
+}
+
+}  // namespace sim::latest

@@ -1,0 +1,14 @@
+// The new generation's power-down slider.
+#pragma once
+
+#include "simulator/frameworks/uikit/UIViewController.hpp"
+
+namespace sim::latest {
+
+struct SBPowerDownViewController : UIViewController {
+  void powerDownViewWillAnimateIn(UIView* powerDownView);
+};
+
+void defineSBPowerDownViewController();
+
+}  // namespace sim::latest

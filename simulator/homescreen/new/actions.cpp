@@ -1,0 +1,58 @@
+// What a person's actions send in the new generation.
+#include "simulator/homescreen/common/platform_actions.hpp"
+#include "simulator/homescreen/common/shared_instance.hpp"
+#include "simulator/homescreen/new/CSCoverSheetViewController.hpp"
+#include "simulator/homescreen/new/CSNotificationDispatcher.hpp"
+#include "simulator/homescreen/new/SBIconController.hpp"
+#include "simulator/homescreen/new/SBNotificationBannerDestination.hpp"
+#include "simulator/homescreen/new/SBPowerDownViewController.hpp"
+#include "simulator/homescreen/new/quick_actions.hpp"
+
+namespace sim {
+namespace {
+
+void defineClasses() {
+  latest::defineSBHIconManager();
+  latest::defineSBIconController();
+  latest::defineCSCoverSheetViewController();
+  latest::defineSBPowerDownViewController();
+  latest::defineCSNotificationDispatcher();
+  latest::defineSBNotificationBannerDestination();
+}
+
+id menuHost() { return send<id>(send<id>("SBIconController"_cls, "sharedInstance"_sel), "iconManager"_sel); }
+
+void launch(SBIcon* icon, const std::string& identifier) {
+  send(icon, "launchFromLocation:context:"_sel, NSInteger{0}, ns("home-screen tap on " + identifier));
+}
+
+// The cover sheet is in front whenever the screen goes off, and when a locked one comes on.
+void changeScreen(const ScreenChange& change) {
+  home().screenOn = !change.off;
+  if (change.off || home().locked)
+    send(sharedInstance("CSCoverSheetViewController"_cls), "viewWillAppear:"_sel, BOOL{false});
+}
+
+void showPowerDown() {
+  id controller = sharedInstance("SBPowerDownViewController"_cls);
+  send(controller, "powerDownViewWillAnimateIn:"_sel, send<UIView*>(controller, "view"_sel));
+}
+
+void deliver(NCNotificationRequest* request) {
+  send(sharedInstance("CSNotificationDispatcher"_cls), "postNotificationRequest:"_sel, request);
+  send(sharedInstance("SBNotificationBannerDestination"_cls), "postNotificationRequest:"_sel, request);
+}
+
+}  // namespace
+
+const PlatformActions newActions = {defineClasses,
+                                    menuHost,
+                                    launch,
+                                    latest::openQuickActions,
+                                    latest::chooseQuickAction,
+                                    latest::closeQuickActions,
+                                    changeScreen,
+                                    showPowerDown,
+                                    deliver};
+
+}  // namespace sim
