@@ -32,8 +32,12 @@ void presentAlert(UIAlertController* alert) {
   alertRootController->present(alert);
 }
 
-void presentMessage(NSString* title, NSString* message) {
+UIAlertAction* cancelAction() {
+  return UIAlertAction::action("Cancel"_ns, UIAlertActionStyle::cancel, [] { closeAlertWindow(); });
+}
+
+void presentMessage(NSString* title, NSString* message, UIAlertActionStyle style) {
   auto* alert = UIAlertController::alertController(title, message, UIAlertControllerStyle::alert);
-  alert->addAction(UIAlertAction::action("OK"_ns, UIAlertActionStyle::standard, [] { closeAlertWindow(); }));
+  alert->addAction(UIAlertAction::action("OK"_ns, style, [] { closeAlertWindow(); }));
   presentAlert(alert);
 }

@@ -17,5 +17,15 @@ void openAlertWindow();
 void anchorPopover(UIAlertController* sheet);
 /// Presents an alert in a window of its own.
 void presentAlert(UIAlertController* alert);
+/// The "Cancel" button: closes the window, nothing else.
+UIAlertAction* cancelAction();
 /// Presents an alert with one button, "OK", which closes the window.
-void presentMessage(NSString* title, NSString* message);
+void presentMessage(NSString* title, NSString* message, UIAlertActionStyle style = UIAlertActionStyle::standard);
+/// Asks with the buttons "YES", which runs `action`, and "Cancel", which closes the window.
+template <class Action>
+void confirm(NSString* title, NSString* message, Action action) {
+  auto* alert = UIAlertController::alertController(title, message, UIAlertControllerStyle::alert);
+  alert->addAction(UIAlertAction::action("YES"_ns, UIAlertActionStyle::standard, action));
+  alert->addAction(cancelAction());
+  presentAlert(alert);
+}

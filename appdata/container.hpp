@@ -14,6 +14,5 @@ NSString* dataContainer();
 NSString* bundleText();
 /// The folder of its backups.
 NSString* backupFolder();
-
 /// Removes everything in the folder and keeps the folder. What cannot be removed stays; the rest still goes.
 void emptyFolder(const NSString* folder);

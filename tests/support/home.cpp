@@ -1,5 +1,6 @@
 #include "tests/support/home.hpp"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "simulator/device/files.hpp"
@@ -120,6 +121,18 @@ long Home::live(const std::string& name) {
   const auto counts = (**this).live();
   const auto found = counts.find(name);
   return found != counts.end() ? found->second : 0;
+}
+
+std::map<std::string, std::string> filesBelow(const fs::path& folder) {
+  std::map<std::string, std::string> all;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    const auto status = entry.symlink_status();
+    std::string content;
+    if (fs::is_symlink(status)) content = "-> " + fs::read_symlink(entry).string();
+    if (fs::is_regular_file(status)) content = sim::readFile(entry).value_or("unreadable");
+    all[entry.path().string()] = std::to_string(static_cast<unsigned>(status.permissions())) + " " + content;
+  }
+  return all;
 }
 
 std::string runInside(const sim::Device& device, const std::string& program) {

@@ -71,6 +71,9 @@ class Home {
   std::optional<sim::HomeScreen> process_;
 };
 
+/// Everything below a folder, by path: its mode, and its content or where its link points to.
+std::map<std::string, std::string> filesBelow(const std::filesystem::path& folder);
+
 /// What a program of the build folder prints when it runs inside the device.
 std::string runInside(const sim::Device& device, const std::string& program);
 

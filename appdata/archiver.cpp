@@ -1,0 +1,16 @@
+#include "appdata/archiver.hpp"
+
+bool runArchiver(NSString* folder, NSArray* arguments) {
+  // A task that cannot be launched raises, and would take the home screen with it.
+  NSFileManager* files = NSFileManager::defaultManager();
+  if (!files->isExecutableFile("/usr/bin/tar"_ns) || files->contentsOfDirectory("/usr/bin/tar"_ns) != nullptr ||
+      files->contentsOfDirectory(folder) == nullptr)
+    return false;
+  const auto task = NSTask::make();
+  task->setCurrentDirectoryPath(folder);
+  task->setLaunchPath("/usr/bin/tar"_ns);
+  task->setArguments(arguments);
+  task->launch();
+  task->waitUntilExit();
+  return true;
+}

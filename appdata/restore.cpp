@@ -1,0 +1,67 @@
+#include "appdata/restore.hpp"
+
+#include "appdata/alert.hpp"
+#include "appdata/archiver.hpp"
+#include "appdata/container.hpp"
+#include "appdata/result.hpp"
+#include "state/target.hpp"
+
+namespace appdata {
+namespace {
+
+NSString* buttonTitle(NSString* archive) { return archive->replacing("_"_ns, ":"_ns)->replacing("."_ns, " "_ns); }
+NSString* archiveOf(UIAlertAction* button) {
+  return button->title()->replacing(":"_ns, "_"_ns)->replacing(" "_ns, "."_ns);
+}
+
+// Offers the archives of `folder`, latest name first.
+template <class Choose>
+void offer(NSArray* archives, Choose choose) {
+  auto* sheet = UIAlertController::alertController(targetName(), currentBundleIdentifier.get(),
+                                                   UIAlertControllerStyle::actionSheet);
+  NSArray* latestFirst = archives->sortedDescending();
+  const NSUInteger count = latestFirst->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    NSString* title = buttonTitle(latestFirst->at<NSString>(i));
+    sheet->addAction(UIAlertAction::action(title, UIAlertActionStyle::standard, choose));
+  }
+  sheet->addAction(cancelAction());
+  openAlertWindow();
+  anchorPopover(sheet);
+  alertRootController->present(sheet, [] {});
+}
+
+void tellThatThereIsNone() { presentMessage(targetName(), "Please Use BackUp first!"_ns); }
+
+}  // namespace
+
+void restoreData(MenuHost* host, SEL) {
+  const Ref<NSString> container = dataContainer();
+  const Ref<NSString> folder = backupFolder();
+  NSArray* archives = NSFileManager::defaultManager()->contentsOfDirectory(folder);
+  // An empty folder is offered as an empty sheet here; only deleting has something to say about it.
+  if (archives == nullptr) return tellThatThereIsNone();
+  offer(archives, [host, container, folder](UIAlertAction* button) {
+    NSString* archive = archiveOf(button);
+    send(host, "showLoadingView"_sel);
+    NSFileManager::defaultManager()->removeItem(container);
+    if (!runArchiver(folder, NSMutableArray::of("xfz"_ns, archive, "-C"_ns, "/"_ns))) return;
+    send(host, "restoreDataSucces"_sel);
+  });
+}
+
+void restoreDataSucces(MenuHost*, SEL) { presentResult("Restore data successfully"_ns); }
+
+void deleteBackUp(MenuHost* host, SEL) {
+  const Ref<NSString> folder = backupFolder();
+  NSArray* archives = NSFileManager::defaultManager()->contentsOfDirectory(folder);
+  if (archives->count() == 0) return tellThatThereIsNone();
+  offer(archives, [host, folder](UIAlertAction* button) {
+    NSString* archive = folder->appending("/"_ns)->appending(archiveOf(button));
+    if (NSFileManager::defaultManager()->removeItem(archive)) send(host, "deleteBackUpSucces"_sel);
+  });
+}
+
+void deleteBackUpSucces(MenuHost*, SEL) { presentResult("Delete data successfully"_ns); }
+
+}  // namespace appdata
