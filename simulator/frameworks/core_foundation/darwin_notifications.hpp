@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/CoreFoundation.hpp"
+
 namespace sim {
 
 /// An observer as it was registered.
@@ -11,7 +13,8 @@ struct DarwinObserver {
   std::string name;
   const void* observer;
   const void* object;
-  long suspension;
+  CFIndex suspension;
+  CFNotificationCallback callback;
 };
 
 /// The observers in the order of their registration.

@@ -1,6 +1,10 @@
+// The system's generation.
 #pragma once
 
-extern "C" {
-/// The system's generation, as the framework's version. It may be set before the add-on is mapped.
-extern double kCFCoreFoundationVersionNumber;
-}
+namespace sim {
+
+/// Sets the framework's version number, by which the add-on tells the system's generation. To be called before the
+/// add-on is mapped.
+void setCoreFoundationVersion(double version);
+
+}  // namespace sim

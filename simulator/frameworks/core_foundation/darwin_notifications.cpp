@@ -1,0 +1,60 @@
+#include "simulator/frameworks/core_foundation/darwin_notifications.hpp"
+
+#include "platform/dispatch.hpp"
+#include "simulator/runtime/call_log.hpp"
+#include "simulator/runtime/objc.hpp"
+
+struct __CFNotificationCenter {};  // NOLINT(bugprone-reserved-identifier)
+
+namespace sim {
+namespace {
+
+__CFNotificationCenter darwinCenter;
+
+std::vector<DarwinObserver>& registered() {
+  static std::vector<DarwinObserver> observers;
+  return observers;
+}
+
+std::string described(const void* pointer) { return pointer != nullptr ? "set" : "nil"; }
+
+}  // namespace
+
+const std::vector<DarwinObserver>& darwinObservers() { return registered(); }
+
+void postDarwinNotification(const std::string& name) {
+  dispatch::afterOnMain(0, [name] {
+    // An observer may register others.
+    const auto observers = registered();
+    for (const auto& observer : observers) {
+      if (observer.name != name) continue;
+      AutoreleasePool pool;
+      // Only the name travels between processes.
+      observer.callback(&darwinCenter, const_cast<void*>(observer.observer), reinterpret_cast<CFStringRef>(ns(name)),
+                        nullptr, nullptr);
+    }
+  });
+}
+
+}  // namespace sim
+
+extern "C" {
+
+CFNotificationCenterRef CFNotificationCenterGetDarwinNotifyCenter() { return &sim::darwinCenter; }
+
+void CFNotificationCenterAddObserver(CFNotificationCenterRef, const void* observer, CFNotificationCallback callback,
+                                     CFStringRef name, const void* object,
+                                     CFNotificationSuspensionBehavior suspension) {
+  const std::string observed = sim::text(asId(name));
+  const auto behavior = static_cast<CFIndex>(suspension);
+  sim::registered().push_back({observed, observer, object, behavior, callback});
+  sim::callLog().push_back({sim::Call::Kind::observe, "Darwin", observed,
+                            "observer " + sim::described(observer) + ", object " + sim::described(object) +
+                                ", suspension " + std::to_string(behavior)});
+}
+
+void CFNotificationCenterPostNotification(CFNotificationCenterRef, CFStringRef name, const void*, const void*,
+                                          std::uint8_t) {
+  sim::postDarwinNotification(sim::text(asId(name)));
+}
+}

@@ -1,0 +1,91 @@
+#include "simulator/frameworks/uikit/UIAlertController.hpp"
+
+#include <algorithm>
+
+#include "simulator/frameworks/foundation/copying.hpp"
+#include "simulator/frameworks/foundation/exception.hpp"
+#include "simulator/frameworks/uikit/UIDevice.hpp"
+
+namespace sim {
+
+UIAlertController* UIAlertController::alertController(Class cls, id title, id message, UIAlertControllerStyle style) {
+  auto alert = make<UIAlertController>(cls);
+  alert->title = copied(title);
+  alert->message = copied(message);
+  alert->preferredStyle = style;
+  return autoreleased(alert);
+}
+
+void UIAlertController::setTitle(id changed) { title = copied(changed); }
+void UIAlertController::setMessage(id changed) { message = copied(changed); }
+
+id UIAlertController::actionsArray() { return array({actions.begin(), actions.end()}); }
+
+void UIAlertController::addAction(UIAlertAction* action) {
+  const auto cancels = [](const UIAlertAction* other) { return other->style == UIAlertActionStyle::cancel; };
+  if (cancels(action) && std::any_of(actions.begin(), actions.end(), cancels))
+    raiseException("NSInternalInconsistencyException",
+                   "UIAlertController can only have one action with a style of UIAlertActionStyleCancel");
+  actions.push_back(action);
+}
+
+void UIAlertController::addTextField(const BlockLiteral* configurationHandler) {
+  if (preferredStyle != UIAlertControllerStyle::alert)
+    raiseException("NSInternalInconsistencyException",
+                   "Text fields can only be added to an alert controller of style UIAlertControllerStyleAlert");
+  textFields.push_back(make<UITextField>("UITextField"_cls));
+  const BlockRef configure(configurationHandler);
+  configure(textFields.back().get());
+}
+
+id UIAlertController::textFieldsArray() {
+  return textFields.empty() ? nullptr : array({textFields.begin(), textFields.end()});
+}
+
+id UIAlertController::popoverPresentationController() {
+  if (preferredStyle != UIAlertControllerStyle::actionSheet || idiom() != UIUserInterfaceIdiom::pad) return nullptr;
+  if (!popover) popover = make<UIPopoverPresentationController>("UIPopoverPresentationController"_cls);
+  return popover;
+}
+
+void requirePopoverAnchor(UIViewController* presented, UIViewController* presenter) {
+  auto* popover = send<UIPopoverPresentationController*>(presented, "popoverPresentationController"_sel);
+  if (popover == nullptr || popover->sourceView) return;
+  raiseException(
+      "NSGenericException",
+      "Your application has presented a UIAlertController (" + text(presented) +
+          ") of style UIAlertControllerStyleActionSheet from " + class_getName(presenter->isa) + " (" +
+          text(presenter) +
+          "). The modalPresentationStyle of a UIAlertController with this style is UIModalPresentationPopover. You "
+          "must provide location information for this popover through the alert controller's "
+          "popoverPresentationController. You must provide either a sourceView and sourceRect or a barButtonItem.  If "
+          "this information is not known when you present the alert controller, you may provide it in the "
+          "UIPopoverPresentationControllerDelegate method -prepareForPopoverPresentation.");
+}
+
+void tap(UIAlertController* alert, UIAlertAction* action) {
+  const Ref<UIAlertController> keptAlert = alert;
+  const Ref<UIAlertAction> keptAction = action;
+  send(alert->presentingViewController, "dismissViewControllerAnimated:completion:"_sel, true,
+       static_cast<const BlockLiteral*>(nullptr));
+  action->handler(action);
+}
+
+void defineUIAlertController() {
+  using Self = UIAlertController;
+  ClassBuilder<Self, UIViewController>("UIAlertController", "UIViewController")
+      .classMethod<&Self::alertController>("alertControllerWithTitle:message:preferredStyle:")
+      .getter<&Self::title>("title")
+      .method<&Self::setTitle>("setTitle:")
+      .getter<&Self::message>("message")
+      .method<&Self::setMessage>("setMessage:")
+      .getter<&Self::preferredStyle>("preferredStyle")
+      .method<&Self::actionsArray>("actions")
+      .method<&Self::addAction>("addAction:")
+      .method<&Self::addTextField>("addTextFieldWithConfigurationHandler:")
+      .method<&Self::textFieldsArray>("textFields")
+      .method<&Self::popoverPresentationController>("popoverPresentationController")
+      .add();
+}
+
+}  // namespace sim

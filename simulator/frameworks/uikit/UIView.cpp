@@ -1,0 +1,110 @@
+#include "simulator/frameworks/uikit/UIView.hpp"
+
+#include <algorithm>
+
+#include "platform/dispatch.hpp"
+#include "simulator/frameworks/uikit/UIWindow.hpp"
+
+namespace sim {
+
+UIView::~UIView() {
+  // The platform's notification center refers weakly to its observers: one that goes is observer no more.
+  send(send<id>("NSNotificationCenter"_cls, "defaultCenter"_sel), "removeObserver:"_sel, id{this});
+  for (const auto& view : subviews) view->superview = nullptr;
+}
+
+UIView* UIView::init() { return send<UIView*>(this, "initWithFrame:"_sel, CGRect{}); }
+
+UIView* UIView::initWithFrame(CGRect initial) {
+  auto* self = sendSuper<UIView*>(this, "NSObject"_cls, "init"_sel);
+  if (self != nullptr) self->frame = initial;
+  return self;
+}
+
+CGRect UIView::bounds() const { return {{}, frame.size}; }
+
+void UIView::setFrame(CGRect changed) {
+  const bool resized = changed.size != frame.size;
+  frame = changed;
+  if (resized) send(this, "setNeedsLayout"_sel);
+}
+
+id UIView::subviewsArray() { return array({subviews.begin(), subviews.end()}); }
+
+void UIView::addSubview(UIView* view) {
+  if (view == nullptr) return;
+  const Ref<UIView> kept = view;
+  send(view, "removeFromSuperview"_sel);
+  subviews.push_back(kept);
+  view->superview = this;
+  send(this, "setNeedsLayout"_sel);
+  send(view, "setNeedsLayout"_sel);
+}
+
+void UIView::removeFromSuperview() {
+  if (superview == nullptr) return;
+  auto& siblings = superview->subviews;
+  superview = nullptr;
+  const auto place = std::find(siblings.begin(), siblings.end(), this);
+  // Erasing it may take the last reference, so that is done last.
+  const Ref<UIView> self = *place;
+  siblings.erase(place);
+}
+
+UIWindow* UIView::window() {
+  UIView* top = this;
+  while (top->superview != nullptr) top = top->superview;
+  return isKind(top, "UIWindow"_cls) ? static_cast<UIWindow*>(top) : nullptr;
+}
+
+CALayer* UIView::layer() {
+  if (ownLayer == nullptr) ownLayer = make<CALayer>("CALayer"_cls);
+  return ownLayer;
+}
+
+void UIView::setNeedsLayout() {
+  if (needsLayout) return;
+  needsLayout = true;
+  dispatch::afterOnMain(0, [view = Ref<UIView>(this)] { send(view.get(), "layoutIfNeeded"_sel); });
+}
+
+void UIView::layoutIfNeeded() {
+  if (!needsLayout) return;
+  needsLayout = false;
+  send(this, "layoutSubviews"_sel);
+}
+
+CGPoint UIView::fromWindow(CGPoint point) const {
+  for (const UIView* view = this; view->superview != nullptr; view = view->superview) {
+    point.x -= view->frame.origin.x;
+    point.y -= view->frame.origin.y;
+  }
+  return point;
+}
+
+void defineUIView() {
+  ClassBuilder<UIView>("UIView", "NSObject")
+      .method<&UIView::init>("init")
+      .method<&UIView::initWithFrame>("initWithFrame:")
+      .getter<&UIView::frame>("frame")
+      .method<&UIView::setFrame>("setFrame:")
+      .method<&UIView::bounds>("bounds")
+      .getter<&UIView::superview>("superview")
+      .method<&UIView::subviewsArray>("subviews")
+      .method<&UIView::addSubview>("addSubview:")
+      .method<&UIView::removeFromSuperview>("removeFromSuperview")
+      .method<&UIView::window>("window")
+      .getter<&UIView::hidden>("isHidden")
+      .property<&UIView::hidden>("hidden")
+      .getter<&UIView::userInteractionEnabled>("isUserInteractionEnabled")
+      .property<&UIView::userInteractionEnabled>("userInteractionEnabled")
+      .property<&UIView::alpha>("alpha")
+      .property<&UIView::backgroundColor>("backgroundColor")
+      .method<&UIView::layer>("layer")
+      .method<&UIView::setNeedsLayout>("setNeedsLayout")
+      .method<&UIView::layoutIfNeeded>("layoutIfNeeded")
+      .method<&UIView::layoutSubviews>("layoutSubviews")
+      .add();
+}
+
+}  // namespace sim

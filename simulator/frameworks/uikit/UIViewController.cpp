@@ -1,0 +1,101 @@
+#include "simulator/frameworks/uikit/UIViewController.hpp"
+
+#include <cstdio>
+
+#include "platform/dispatch.hpp"
+#include "simulator/frameworks/foundation/exception.hpp"
+#include "simulator/frameworks/uikit/UIAlertController.hpp"
+#include "simulator/frameworks/uikit/UIScreen.hpp"
+#include "simulator/frameworks/uikit/UIWindow.hpp"
+
+namespace sim {
+
+UIViewController::~UIViewController() {
+  if (presentedViewController) presentedViewController->presentingViewController = nullptr;
+}
+
+UIView* UIViewController::view() {
+  if (!loadedView) {
+    send(this, "loadView"_sel);
+    send(this, "viewDidLoad"_sel);
+  }
+  return loadedView;
+}
+
+BOOL UIViewController::isViewLoaded() { return loadedView.get() != nullptr; }
+
+void UIViewController::loadView() {
+  const auto made =
+      Ref<UIView>::adopt(send<UIView*>(send<id>("UIView"_cls, "alloc"_sel), "initWithFrame:"_sel, screenBounds()));
+  send(this, "setView:"_sel, made.get());
+}
+
+id UIViewController::popoverPresentationController() { return nullptr; }
+
+void UIViewController::presentViewController(UIViewController* controller, bool animated,
+                                             const BlockLiteral* completion) {
+  if (controller == nullptr)
+    raiseException("NSInvalidArgumentException",
+                   "Application tried to present a nil modal view controller on target " + text(this) + ".");
+  if (controller->presentingViewController != nullptr)
+    raiseException("NSInvalidArgumentException", "Application tried to present modally a view controller " +
+                                                     text(controller) + " that is already being presented by " +
+                                                     text(controller->presentingViewController) + ".");
+  const char* obstacle = window() == nullptr       ? "whose view is not in the window hierarchy"
+                         : presentedViewController ? "which is already presenting"
+                                                   : nullptr;
+  if (obstacle != nullptr) {
+    std::fprintf(stderr, "Attempt to present %s on %s %s!\n", text(controller).c_str(), text(this).c_str(), obstacle);
+    return;
+  }
+  requirePopoverAnchor(controller, this);
+
+  presentedViewController = controller;
+  controller->presentingViewController = this;
+  send(controller, "viewWillAppear:"_sel, animated);
+  dispatch::afterOnMain(0, [shown = presentedViewController, animated, block = BlockRef(completion)] {
+    send(shown.get(), "viewDidAppear:"_sel, animated);
+    block();
+  });
+}
+
+void UIViewController::dismissViewController(bool animated, const BlockLiteral* completion) {
+  if (!presentedViewController) {
+    send(presentingViewController, "dismissViewControllerAnimated:completion:"_sel, animated, completion);
+    return;
+  }
+  const Ref<UIViewController> leaving = presentedViewController;
+  leaving->presentingViewController = nullptr;
+  presentedViewController = nullptr;
+  send(leaving.get(), "viewWillDisappear:"_sel, animated);
+  dispatch::afterOnMain(0, [leaving, animated, block = BlockRef(completion)] {
+    send(leaving.get(), "viewDidDisappear:"_sel, animated);
+    block();
+  });
+}
+
+UIWindow* UIViewController::window() {
+  if (presentingViewController != nullptr) return presentingViewController->window();
+  return loadedView ? loadedView->window() : nullptr;
+}
+
+void defineUIViewController() {
+  ClassBuilder<UIViewController>("UIViewController", "NSObject")
+      .method<&UIViewController::view>("view")
+      .method<&UIViewController::setView>("setView:")
+      .method<&UIViewController::isViewLoaded>("isViewLoaded")
+      .method<&UIViewController::loadView>("loadView")
+      .method<&UIViewController::viewDidLoad>("viewDidLoad")
+      .method<&UIViewController::viewWillAppear>("viewWillAppear:")
+      .method<&UIViewController::viewDidAppear>("viewDidAppear:")
+      .method<&UIViewController::viewWillDisappear>("viewWillDisappear:")
+      .method<&UIViewController::viewDidDisappear>("viewDidDisappear:")
+      .getter<&UIViewController::presentedViewController>("presentedViewController")
+      .getter<&UIViewController::presentingViewController>("presentingViewController")
+      .method<&UIViewController::popoverPresentationController>("popoverPresentationController")
+      .method<&UIViewController::presentViewController>("presentViewController:animated:completion:")
+      .method<&UIViewController::dismissViewController>("dismissViewControllerAnimated:completion:")
+      .add();
+}
+
+}  // namespace sim
