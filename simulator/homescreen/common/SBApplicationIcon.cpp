@@ -8,9 +8,7 @@ SBApplicationIcon* SBApplicationIcon::initWithApplication(SBApplication* target)
 }
 
 // The label's name comes from what is installed: the application's own `displayName` serves other places.
-id SBApplicationIcon::displayName() {
-  return send<id>(send<id>(application, "info"_sel), "displayName"_sel);
-}
+id SBApplicationIcon::displayName() { return send<id>(send<id>(application, "info"_sel), "displayName"_sel); }
 
 id SBApplicationIcon::displayNameForLocation(NSInteger) { return send<id>(this, "displayName"_sel); }
 

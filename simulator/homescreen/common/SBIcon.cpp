@@ -10,8 +10,7 @@ std::optional<std::string> textOrNone(id object) {
 // A web page opens in an application of its own, which the device does not have.
 void launch(SBIcon* icon, NSInteger location, id context, id settings, id actions) {
   const std::string identifier = text(send<id>(icon, "applicationBundleID"_sel));
-  home().launches.push_back(
-      {identifier, location, textOrNone(context), textOrNone(settings), textOrNone(actions)});
+  home().launches.push_back({identifier, location, textOrNone(context), textOrNone(settings), textOrNone(actions)});
   if (!identifier.empty()) openApplication(identifier);
 }
 
@@ -20,7 +19,8 @@ void launch(SBIcon* icon, NSInteger location, id context, id settings, id action
 id SBIcon::displayNameForLocation(NSInteger) { return send<id>(this, "displayName"_sel); }
 
 void SBIcon::setBadge(id value) {
-  const bool empty = isKind(value, "NSString"_cls) ? text(value).empty() : send<NSInteger>(value, "integerValue"_sel) == 0;
+  const bool empty =
+      isKind(value, "NSString"_cls) ? text(value).empty() : send<NSInteger>(value, "integerValue"_sel) == 0;
   badge = empty ? nullptr : value;
 }
 

@@ -59,8 +59,7 @@ void defineSBIconView(Generation generation) {
   } else {
     builder.method<&SBIconView::initWithFrame>("initWithFrame:")
         .method<&SBIconView::initWithConfigurationOptions>("initWithConfigurationOptions:")
-        .method<&SBIconView::initWithConfigurationOptionsProvider>(
-            "initWithConfigurationOptions:listLayoutProvider:");
+        .method<&SBIconView::initWithConfigurationOptionsProvider>("initWithConfigurationOptions:listLayoutProvider:");
   }
   builder.add();
 }

@@ -3,9 +3,7 @@
 namespace sim {
 
 void defineSBLeafIcon() {
-  ClassBuilder<SBLeafIcon, SBIcon>("SBLeafIcon", "SBIcon")
-      .method<&SBLeafIcon::leafIdentifier>("leafIdentifier")
-      .add();
+  ClassBuilder<SBLeafIcon, SBIcon>("SBLeafIcon", "SBIcon").method<&SBLeafIcon::leafIdentifier>("leafIdentifier").add();
 }
 
 }  // namespace sim

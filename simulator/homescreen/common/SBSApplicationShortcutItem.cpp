@@ -16,8 +16,8 @@ Ref<SBSApplicationShortcutItem> makeShortcutItem(const DeclaredQuickAction& acti
 
 std::vector<id> shortcutItemsOf(id bundleIdentifier) {
   std::vector<id> items;
-  auto* application = send<SBApplication*>(SBApplicationController::shared(), "applicationWithBundleIdentifier:"_sel,
-                                           bundleIdentifier);
+  auto* application =
+      send<SBApplication*>(SBApplicationController::shared(), "applicationWithBundleIdentifier:"_sel, bundleIdentifier);
   if (application == nullptr) return items;
   for (const auto& action : application->info->application.quickActions)
     items.push_back(autoreleased(makeShortcutItem(action, text(bundleIdentifier))));

@@ -38,9 +38,7 @@ void SpringBoard::openURL(id url, id options, const BlockLiteral* completion) {
   openApplication(applicationForScheme(scheme));
 }
 
-SpringBoard* springBoard() {
-  return static_cast<SpringBoard*>(send<id>("UIApplication"_cls, "sharedApplication"_sel));
-}
+SpringBoard* springBoard() { return static_cast<SpringBoard*>(send<id>("UIApplication"_cls, "sharedApplication"_sel)); }
 
 void defineSpringBoard() {
   ClassBuilder<SpringBoard, UIApplication>("SpringBoard", "UIApplication")

@@ -33,7 +33,8 @@ SBIcon* putFingerOn(const std::string& name) {
 // Whole points, so that a sample's travel is exactly what was asked for.
 CGPoint centreOf(UIView* view) {
   const CGPoint origin = view->fromWindow({0, 0});
-  return {std::round(-origin.x + view->bounds().size.width / 2), std::round(-origin.y + view->bounds().size.height / 2)};
+  return {std::round(-origin.x + view->bounds().size.width / 2),
+          std::round(-origin.y + view->bounds().size.height / 2)};
 }
 
 SBDownloadingIcon* requireDownload(const std::string& application) {

@@ -47,9 +47,9 @@ void removeMissing(const std::vector<InstalledApplication>& installed, const std
   const std::set<std::string> titles(bookmarks.begin(), bookmarks.end());
   const auto icons = iconModel()->icons;
   for (SBIcon* icon : icons) {
-    const bool present = isDownloading(icon) || (isKind(icon, "SBBookmarkIcon"_cls)
-                                                     ? titles.contains(text(send<id>(icon, "displayName"_sel)))
-                                                     : identifiers.contains(bundleIdentifierOf(icon)));
+    const bool present = isDownloading(icon) ||
+                         (isKind(icon, "SBBookmarkIcon"_cls) ? titles.contains(text(send<id>(icon, "displayName"_sel)))
+                                                             : identifiers.contains(bundleIdentifierOf(icon)));
     if (!present) removeIcon(icon);
   }
 }

@@ -4,9 +4,7 @@
 
 namespace sim::latest {
 
-void CSNotificationDispatcher::post(NCNotificationRequest* request) {
-  home().lockScreen.push_back(delivered(request));
-}
+void CSNotificationDispatcher::post(NCNotificationRequest* request) { home().lockScreen.push_back(delivered(request)); }
 
 void defineCSNotificationDispatcher() {
   ClassBuilder<CSNotificationDispatcher>("CSNotificationDispatcher", "NSObject")

@@ -55,8 +55,8 @@ void activate(SBSApplicationShortcutItem* item) {
 
 std::vector<QuickActionEntry> openQuickActions(SBIconView* view) {
   id proposed = proposedItems(send<id>(send<id>(view, "icon"_sel), "applicationBundleID"_sel));
-  id items = send<id>(platformActions().menuHost(), "iconView:applicationShortcutItemsWithProposedItems:"_sel, view,
-                      proposed);
+  id items =
+      send<id>(platformActions().menuHost(), "iconView:applicationShortcutItemsWithProposedItems:"_sel, view, proposed);
   std::vector<QuickActionEntry> entries;
   openList().view = view;
   for (id element : elements(items)) {
@@ -69,9 +69,9 @@ std::vector<QuickActionEntry> openQuickActions(SBIconView* view) {
 
 void chooseQuickAction(std::size_t index) {
   const OpenList list = openList();
-  const bool allowed = send<BOOL>(platformActions().menuHost(),
-                                  "iconView:shouldActivateApplicationShortcutItem:atIndex:"_sel, list.view.get(),
-                                  list.items.at(index).get(), static_cast<NSInteger>(index));
+  const bool allowed =
+      send<BOOL>(platformActions().menuHost(), "iconView:shouldActivateApplicationShortcutItem:atIndex:"_sel,
+                 list.view.get(), list.items.at(index).get(), static_cast<NSInteger>(index));
   if (allowed) activate(list.items[index]);
   closeQuickActions();
 }

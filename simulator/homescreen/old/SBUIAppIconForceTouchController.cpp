@@ -13,10 +13,10 @@ UIImage* imageOf(SBSApplicationShortcutItem* item) {
 }
 
 Ref<SBUIAction> makeAction(SBSApplicationShortcutItem* item, const BlockLiteral* handler) {
-  return Ref<SBUIAction>::adopt(send<SBUIAction*>(
-      send<id>("SBUIAction"_cls, "alloc"_sel), "initWithTitle:subtitle:image:badgeView:handler:"_sel,
-      send<id>(item, "localizedTitle"_sel), send<id>(item, "localizedSubtitle"_sel), imageOf(item),
-      static_cast<UIView*>(nullptr), handler));
+  return Ref<SBUIAction>::adopt(
+      send<SBUIAction*>(send<id>("SBUIAction"_cls, "alloc"_sel), "initWithTitle:subtitle:image:badgeView:handler:"_sel,
+                        send<id>(item, "localizedTitle"_sel), send<id>(item, "localizedSubtitle"_sel), imageOf(item),
+                        static_cast<UIView*>(nullptr), handler));
 }
 
 }  // namespace
@@ -58,10 +58,10 @@ void SBUIAppIconForceTouchController::change(NSInteger newState) {
 
 void SBUIAppIconForceTouchController::activate(std::size_t index) {
   const Ref<SBSApplicationShortcutItem> item = items.at(index);
-  const bool allowed = send<BOOL>(
-      platformActions().menuHost(),
-      "appIconForceTouchController:shouldActivateApplicationShortcutItem:atIndex:forGestureRecognizer:"_sel, this,
-      item.get(), static_cast<NSInteger>(index), id{nullptr});
+  const bool allowed =
+      send<BOOL>(platformActions().menuHost(),
+                 "appIconForceTouchController:shouldActivateApplicationShortcutItem:atIndex:forGestureRecognizer:"_sel,
+                 this, item.get(), static_cast<NSInteger>(index), id{nullptr});
   if (allowed) openApplication(text(send<id>(item, "bundleIdentifierToLaunch"_sel)));
 }
 

@@ -34,8 +34,7 @@ void launch(SBIcon* icon, const std::string& identifier) {
 
 std::string describe(UIImage* image) {
   if (image == nullptr) return {};
-  if (image->path.empty())
-    return "PNG of " + std::to_string(send<NSUInteger>(image->data, "length"_sel)) + " bytes";
+  if (image->path.empty()) return "PNG of " + std::to_string(send<NSUInteger>(image->data, "length"_sel)) + " bytes";
   return image->path + (image->renderingMode == UIImageRenderingMode::alwaysTemplate ? " (template)" : "");
 }
 
@@ -54,17 +53,16 @@ void closeQuickActions() { old::SBUIAppIconForceTouchController::shared()->close
 void changeScreen(const ScreenChange& change) {
   id dashBoard = sharedInstance("SBDashBoardViewController"_cls);
   if (change.unlockSource)
-    send(dashBoard, "setInScreenOffMode:forAutoUnlock:fromUnlockSource:"_sel, BOOL{change.off},
-         BOOL{change.autoUnlock}, *change.unlockSource);
-  else
-    send(dashBoard, "setInScreenOffMode:forAutoUnlock:"_sel, BOOL{change.off}, BOOL{change.autoUnlock});
+    send(dashBoard, "setInScreenOffMode:forAutoUnlock:fromUnlockSource:"_sel, BOOL{change.off}, BOOL{change.autoUnlock},
+         *change.unlockSource);
+  else send(dashBoard, "setInScreenOffMode:forAutoUnlock:"_sel, BOOL{change.off}, BOOL{change.autoUnlock});
 }
 
 void showPowerDown() { send(sharedInstance("SBPowerDownController"_cls), "orderFront"_sel); }
 
 void deliver(NCNotificationRequest* request) {
-  send(sharedInstance("SBDashBoardNotificationDispatcher"_cls),
-       "postNotificationRequest:forCoalescedNotification:"_sel, request, id{nullptr});
+  send(sharedInstance("SBDashBoardNotificationDispatcher"_cls), "postNotificationRequest:forCoalescedNotification:"_sel,
+       request, id{nullptr});
   send(sharedInstance("SBNotificationBannerDestination"_cls),
        "_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:"_sel, request, id{nullptr},
        BOOL{false}, id{nullptr}, makeBlock<void(BOOL)>([] {}).pointer());
@@ -72,8 +70,7 @@ void deliver(NCNotificationRequest* request) {
 
 }  // namespace
 
-const PlatformActions oldActions = {defineClasses,     menuHost,          launch,       openQuickActions,
-                                    chooseQuickAction, closeQuickActions, changeScreen, showPowerDown,
-                                    deliver};
+const PlatformActions oldActions = {defineClasses,     menuHost,     launch,        openQuickActions, chooseQuickAction,
+                                    closeQuickActions, changeScreen, showPowerDown, deliver};
 
 }  // namespace sim

@@ -1,0 +1,248 @@
+#include "simulator/control/agent/requests.hpp"
+
+#include <cmath>
+#include <map>
+
+#include "simulator/control/agent/screen_reader.hpp"
+#include "simulator/device/clock.hpp"
+#include "simulator/frameworks/core_foundation/darwin_notifications.hpp"
+#include "simulator/frameworks/uikit/UIApplication.hpp"
+#include "simulator/frameworks/uikit/UIPasteboard.hpp"
+#include "simulator/homescreen/common/gestures.hpp"
+#include "simulator/homescreen/common/icons.hpp"
+#include "simulator/runtime/blocks.hpp"
+#include "simulator/runtime/call_log.hpp"
+#include "simulator/runtime/main_queue.hpp"
+
+namespace sim {
+namespace {
+
+using nlohmann::json;
+
+constexpr double second = 1e9;
+
+std::string textOf(const json& request, const char* member) {
+  const auto value = request.find(member);
+  if (value == request.end() || !value->is_string())
+    throw BadRequest(std::string("The request has no text \"") + member + "\"");
+  return value->get<std::string>();
+}
+
+template <class Value>
+Value valueOf(const json& request, const char* member, Value otherwise) {
+  const auto value = request.find(member);
+  return value != request.end() && !value->is_null() ? value->get<Value>() : otherwise;
+}
+
+/// A gesture on the icon that the request names.
+template <void (*Gesture)(const std::string&)>
+json onIcon(const json& request) {
+  Gesture(textOf(request, "id"));
+  return {};
+}
+
+/// A gesture that needs no more words.
+template <void (*Gesture)()>
+json gesture(const json&) {
+  Gesture();
+  return {};
+}
+
+json screen(const json&) { return readScreen(); }
+
+json swipe(const json& request) {
+  std::vector<CGPoint> samples;
+  for (const json& sample : request.at("samples")) samples.push_back({sample.at(0), sample.at(1)});
+  gestures::swipe(textOf(request, "id"), samples);
+  return {};
+}
+
+json choose(const json& request) {
+  gestures::choose(textOf(request, "title"));
+  return {};
+}
+
+UIAlertController* requireAlert() {
+  UIAlertController* alert = topAlert();
+  if (alert == nullptr) throw BadRequest("The topmost window shows no sheet or alert");
+  return alert;
+}
+
+json tapButton(const json& request) {
+  const std::string title = textOf(request, "title");
+  UIAlertController* alert = requireAlert();
+  for (UIAlertAction* action : alert->actions)
+    if (text(action->title) == title) return tap(alert, action), json();
+  throw BadRequest("The sheet or alert has no button \"" + title + "\"");
+}
+
+json typeText(const json& request) {
+  UIAlertController* alert = requireAlert();
+  if (alert->textFields.empty()) throw BadRequest("The sheet or alert has no text field");
+  send(alert->textFields.front(), "setText:"_sel, ns(textOf(request, "text")));
+  return {};
+}
+
+json edit(const json& request) {
+  gestures::setEditing(request.at("on").get<bool>());
+  return {};
+}
+
+template <bool Off>
+json changeScreen(const json& request) {
+  ScreenChange change{
+      .off = valueOf(request, "mode", Off), .autoUnlock = valueOf(request, "autoUnlock", false), .unlockSource = {}};
+  if (request.contains("source")) change.unlockSource = request["source"].get<NSInteger>();
+  gestures::changeScreen(change);
+  return {};
+}
+
+json notify(const json& request) {
+  gestures::notify(textOf(request, "id"), textOf(request, "text"));
+  return {};
+}
+
+json download(const json& request) {
+  static const std::map<std::string, json (*)(const std::string&)> actions = {
+      {"start", [](const std::string& id) { return gestures::startDownload(id), json(); }},
+      {"ask", [](const std::string& id) { return json(gestures::askDownload(id)); }},
+      {"remove", [](const std::string& id) { return gestures::removeDownload(id), json(); }},
+  };
+  const std::string what = textOf(request, "what");
+  const auto action = actions.find(what);
+  if (action == actions.end()) throw BadRequest("A download cannot be told to \"" + what + "\"");
+  return action->second(textOf(request, "id"));
+}
+
+json post(const json& request) {
+  postDarwinNotification(textOf(request, "name"));
+  return {};
+}
+
+json advance(const json& request) {
+  const double seconds = request.at("seconds").get<double>();
+  if (!(seconds >= 0 && seconds < 1e9)) throw BadRequest("The clock only runs forwards");
+  advanceClock(std::llround(seconds * second));
+  return {};
+}
+
+json now(const json&) { return static_cast<double>(clock::now()) / second; }
+
+json pasteboard(const json&) {
+  const UIPasteboard* board = generalPasteboard();
+  if (!board->type) return {};
+  return {{"type", text(board->type)}, {"text", text(board->value)}};
+}
+
+json urls(const json&) {
+  json list = json::array();
+  for (const auto& [url, opened] : openedURLs()) list.push_back({{"url", url}, {"opened", opened}});
+  return list;
+}
+
+json launches(const json&) {
+  json list = json::array();
+  for (const Launch& launch : home().launches)
+    list.push_back({{"id", launch.id},
+                    {"location", std::to_string(launch.location)},
+                    {"context", launch.context},
+                    {"settings", launch.settings},
+                    {"actions", launch.actions}});
+  return list;
+}
+
+json calls(const json& request) {
+  static constexpr const char* kinds[] = {"hook", "add", "observe", "send"};
+  if (request.contains("messages")) logMessages(request["messages"].get<bool>());
+  json list = json::array();
+  for (const Call& call : callLog())
+    list.push_back({{"kind", kinds[static_cast<std::size_t>(call.kind)]},
+                    {"class", call.className},
+                    {"selector", call.selector},
+                    {"encoding", call.encoding}});
+  return list;
+}
+
+json live(const json&) {
+  json counts = liveObjects();
+  counts["blocks"] = liveBlocks();
+  return counts;
+}
+
+// The one object of a class, by whichever of the platform's names it is asked for.
+id sharedObject(const std::string& className) {
+  Class cls = objc_getClass(className.c_str());
+  if (cls == nullptr) throw BadRequest("There is no class \"" + className + "\"");
+  for (const char* name : {"sharedInstance", "sharedService", "sharedApplication"}) {
+    SEL selector = sel_registerName(name);
+    if (send<BOOL>(cls, "respondsToSelector:"_sel, selector)) return send<id>(cls, selector);
+  }
+  throw BadRequest("The class \"" + className + "\" has no shared object");
+}
+
+json performSelector(const json& request) {
+  id target = request.contains("target") ? sharedObject(textOf(request, "target")) : platformActions().menuHost();
+  const std::string name = textOf(request, "selector");
+  SEL selector = sel_registerName(name.c_str());
+  if (!send<BOOL>(target, "respondsToSelector:"_sel, selector))
+    throw BadRequest(std::string("A \"") + class_getName(object_getClass(target)) + "\" does not answer \"" + name +
+                     "\"");
+  send(target, selector);
+  return {};
+}
+
+json address(const void* pointer) {
+  return pointer != nullptr ? json(reinterpret_cast<std::uintptr_t>(pointer)) : json();
+}
+
+json observers(const json&) {
+  json list = json::array();
+  for (const auto& observer : darwinObservers())
+    list.push_back({{"name", observer.name},
+                    {"observer", address(observer.observer)},
+                    {"object", address(observer.object)},
+                    {"suspension", observer.suspension}});
+  return list;
+}
+
+const std::map<std::string, json (*)(const json&)> verbs = {
+    {"screen", screen},
+    {"touch", onIcon<gestures::touch>},
+    {"swipe", swipe},
+    {"forceTouch", onIcon<gestures::forceTouch>},
+    {"choose", choose},
+    {"tap", tapButton},
+    {"type", typeText},
+    {"launch", onIcon<gestures::launch>},
+    {"home", gesture<gestures::pressHome>},
+    {"edit", edit},
+    {"lock", gesture<gestures::lock>},
+    {"unlock", gesture<gestures::unlock>},
+    {"screenOff", changeScreen<true>},
+    {"screenOn", changeScreen<false>},
+    {"powerDown", gesture<gestures::powerDown>},
+    {"notify", notify},
+    {"download", download},
+    {"rescan", gesture<readInstalled>},
+    {"post", post},
+    {"advance", advance},
+    {"now", now},
+    {"pasteboard", pasteboard},
+    {"urls", urls},
+    {"launches", launches},
+    {"calls", calls},
+    {"live", live},
+    {"perform", performSelector},
+    {"darwinObservers", observers},
+};
+
+}  // namespace
+
+json perform(const json& request) {
+  const std::string verb = textOf(request, "verb");
+  const auto known = verbs.find(verb);
+  if (known == verbs.end()) throw BadRequest("The home screen knows no \"" + verb + "\"");
+  return known->second(request);
+}
+
+}  // namespace sim

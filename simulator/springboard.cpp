@@ -1,0 +1,116 @@
+// The home-screen process. It comes up as on a phone: frameworks, the home screen's classes, the add-on, and
+// then the application object, whose launching builds the home screen.
+#include "simulator/homescreen/common/SpringBoard.hpp"
+
+#include <getopt.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "simulator/control/agent/agent.hpp"
+#include "simulator/device/clock.hpp"
+#include "simulator/frameworks/core_foundation/version.hpp"
+#include "simulator/frameworks/foundation/foundation.hpp"
+#include "simulator/frameworks/uikit/UIDevice.hpp"
+#include "simulator/frameworks/uikit/uikit.hpp"
+#include "simulator/homescreen/common/classes.hpp"
+#include "simulator/homescreen/common/home.hpp"
+#include "simulator/runtime/library.hpp"
+#include "simulator/runtime/main_queue.hpp"
+
+namespace {
+
+constexpr int driverSocket = 3;
+
+struct Options {
+  sim::Generation generation = sim::Generation::old;
+  std::optional<double> coreVersion;
+  bool tablet = false;
+  std::optional<double> clock;  // seconds since 1970
+  bool live = false;
+  std::string library;
+};
+
+double number(const char* text) {
+  char* end = nullptr;
+  const double value = std::strtod(text, &end);
+  if (end == text || *end != '\0' || !std::isfinite(value))
+    throw std::invalid_argument(std::string("\"") + text + "\" is no number");
+  return value;
+}
+
+sim::Generation generation(const std::string& name) {
+  if (name == "old") return sim::Generation::old;
+  if (name == "new") return sim::Generation::latest;
+  throw std::invalid_argument("\"" + name + "\" is no generation: say \"old\" or \"new\"");
+}
+
+/// One option, and what its value (null for one without) sets.
+struct OptionRow {
+  const char* name;
+  int argument;
+  void (*set)(Options& options, const char* value);
+};
+
+constexpr OptionRow optionRows[] = {
+    {"generation", required_argument, [](Options& o, const char* value) { o.generation = generation(value); }},
+    {"core-version", required_argument, [](Options& o, const char* value) { o.coreVersion = number(value); }},
+    {"tablet", no_argument, [](Options& o, const char*) { o.tablet = true; }},
+    {"clock", required_argument, [](Options& o, const char* value) { o.clock = number(value); }},
+    {"live", no_argument, [](Options& o, const char*) { o.live = true; }},
+    {"library", required_argument, [](Options& o, const char* value) { o.library = value; }},
+};
+
+Options parse(int count, char** arguments) {
+  option table[std::size(optionRows) + 1] = {};
+  for (std::size_t i = 0; i < std::size(optionRows); ++i)
+    table[i] = {optionRows[i].name, optionRows[i].argument, nullptr, 0};
+  Options options;
+  opterr = 0;
+  for (int row = 0, result = 0; (result = getopt_long(count, arguments, "", table, &row)) != -1;) {
+    if (result != 0) throw std::invalid_argument(std::string("cannot take \"") + arguments[optind - 1] + "\"");
+    optionRows[row].set(options, optarg);
+  }
+  if (optind < count) throw std::invalid_argument(std::string("cannot take \"") + arguments[optind] + "\"");
+  return options;
+}
+
+void startUp(const Options& options) {
+  const AutoreleasePool pool;
+  sim::home().generation = options.generation;
+  sim::clock::set(options.clock ? std::llround(*options.clock * 1e9) : sim::clock::realTime());
+  sim::setCoreFoundationVersion(
+      options.coreVersion.value_or(options.generation == sim::Generation::old ? 1575.17 : 1665.15));
+  sim::installFoundationAdditions();
+  sim::defineUIKit();
+  sim::setIdiom(options.tablet ? sim::UIUserInterfaceIdiom::pad : sim::UIUserInterfaceIdiom::phone);
+  sim::defineHomeScreenClasses();
+  if (!options.library.empty()) sim::mapLibrary(options.library);
+  sim::UIApplication* springBoard = sim::startApplication("SpringBoard"_cls);
+  sim::send(springBoard, "applicationDidFinishLaunching:"_sel, springBoard);
+  sim::runDueWork();
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  Options options;
+  try {
+    options = parse(count, arguments);
+  } catch (const std::invalid_argument& error) {
+    std::fprintf(stderr, "SpringBoard: %s\n", error.what());
+    return 2;
+  }
+  try {
+    startUp(options);
+    sim::serve(driverSocket, options.live);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "SpringBoard: %s\n", error.what());
+    std::abort();
+  }
+}
