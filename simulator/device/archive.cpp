@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <memory>
 #include <string>
 
@@ -29,32 +30,33 @@ void check(archive* pointer, int result, const fs::path& file) {
   }
 }
 
-/// Whether a symbolic link at `place` (relative to the archive's top) stays below the top.
+/// Whether a symbolic link at `place` (relative to the archive's top) stays in its application, Payload/NAME.app,
+/// which is all that is going to be moved to its own place.
 bool staysInside(const fs::path& place, const fs::path& target) {
   if (target.is_absolute()) return false;
   // ".." behind a name that is a link itself would lead elsewhere than the text says.
   const auto name = std::find_if(target.begin(), target.end(), [](const fs::path& part) { return part != ".."; });
   if (std::find(name, target.end(), "..") != target.end()) return false;
-  const fs::path resolved = (place.parent_path() / target).lexically_normal();
-  return resolved.begin() == resolved.end() || *resolved.begin() != "..";
+  const auto depth = std::distance(place.begin(), place.end());
+  return depth > 2 && std::distance(target.begin(), name) <= depth - 3;
 }
 
 /// Refuses what has no place in an application, and gives the entry its place below `folder`.
 void place(archive_entry* entry, const fs::path& folder, const fs::path& archive) {
   const char* name = archive_entry_pathname(entry);
   if (name == nullptr) throw BadInput("cannot unpack " + archive.string() + ": an entry without a name");
-  const fs::path path = name;
+  const fs::path path = fs::path(name).lexically_normal();
   const auto refuse = [&](const std::string& reason) {
     throw BadInput("cannot unpack " + archive.string() + ": \"" + path.string() + "\" " + reason);
   };
   if (path.is_absolute()) refuse("is an absolute path");
-  for (const fs::path& part : path) {
+  for (const fs::path& part : fs::path(name)) {
     if (part == "..") refuse("leads out of the archive");
   }
   if (archive_entry_hardlink(entry) != nullptr) refuse("is a hard link");
   const auto type = archive_entry_filetype(entry);
   if (type != S_IFREG && type != S_IFDIR && type != S_IFLNK) refuse("is no file, folder or symbolic link");
-  if (type == S_IFLNK && !staysInside(path, archive_entry_symlink(entry))) refuse("links out of the archive");
+  if (type == S_IFLNK && !staysInside(path, archive_entry_symlink(entry))) refuse("links out of its application");
   archive_entry_set_pathname(entry, (folder / path).c_str());
   // The application has to stay readable and removable, whatever the archive says.
   archive_entry_set_perm(entry, (archive_entry_perm(entry) & 0777) | (type == S_IFDIR ? 0755 : 0644));
