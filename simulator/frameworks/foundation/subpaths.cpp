@@ -30,6 +30,13 @@ id cocoaError(ReadError code, id path) {
   return send<id>("NSError"_cls, "errorWithDomain:code:userInfo:"_sel, ns("NSCocoaErrorDomain"), code, details);
 }
 
+// What keeps the first entry of a walk from being the folder to list; 0 when nothing does.
+int obstacle(const FTSENT* first) {
+  if (first == nullptr) return errno;
+  if (first->fts_info == FTS_D) return 0;
+  return first->fts_errno != 0 ? first->fts_errno : ENOTDIR;
+}
+
 id subpathsOfDirectory(id, SEL, id path, id* error) {
   const std::string folder = text(path);
   char* const roots[] = {const_cast<char*>(folder.c_str()), nullptr};
@@ -37,19 +44,13 @@ id subpathsOfDirectory(id, SEL, id path, id* error) {
   const std::unique_ptr<FTS, decltype(&fts_close)> walk(
       fts_open(roots, FTS_PHYSICAL | FTS_COMFOLLOW | FTS_NOCHDIR, nullptr), &fts_close);
   const FTSENT* entry = walk ? fts_read(walk.get()) : nullptr;
-  // The folder itself comes first. One that cannot be read comes again as such, before anything else.
-  auto failure = entry == nullptr           ? errno
-                 : entry->fts_info == FTS_D ? 0
-                 : entry->fts_errno != 0    ? entry->fts_errno
-                                            : ENOTDIR;
+  int failure = obstacle(entry);
   const auto root = entry != nullptr ? entry->fts_pathlen : 0;
+  // The names are owned here, not autoreleased: a large folder leaves nothing behind but the array.
   auto found = make("NSMutableArray"_cls);
   while (failure == 0 && (entry = fts_read(walk.get())) != nullptr) {
-    if (entry->fts_level == FTS_ROOTLEVEL) {
-      if (entry->fts_info == FTS_DNR) failure = entry->fts_errno;
-      continue;
-    }
-    // A folder comes before what it holds and again after it, or instead when it cannot be entered.
+    if (entry->fts_info == FTS_DNR && entry->fts_level == FTS_ROOTLEVEL) failure = entry->fts_errno;
+    // A folder has come before what it holds; here it comes again, left or found closed.
     if (entry->fts_info == FTS_DP || entry->fts_info == FTS_DNR) continue;
     const char* relative = entry->fts_path + root;
     while (*relative == '/') ++relative;

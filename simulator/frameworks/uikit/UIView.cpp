@@ -1,13 +1,24 @@
 #include "simulator/frameworks/uikit/UIView.hpp"
 
 #include <algorithm>
+#include <set>
 
 #include "platform/dispatch.hpp"
 #include "simulator/frameworks/uikit/UIWindow.hpp"
 
 namespace sim {
+namespace {
+
+// The views that are to be laid out at the end of the event. Waiting for that keeps none of them alive.
+std::set<UIView*>& needingLayout() {
+  static std::set<UIView*> views;
+  return views;
+}
+
+}  // namespace
 
 UIView::~UIView() {
+  needingLayout().erase(this);
   // The platform's notification center refers weakly to its observers: one that goes is observer no more.
   send(send<id>("NSNotificationCenter"_cls, "defaultCenter"_sel), "removeObserver:"_sel, id{this});
   for (const auto& view : subviews) view->superview = nullptr;
@@ -63,15 +74,14 @@ CALayer* UIView::layer() {
 }
 
 void UIView::setNeedsLayout() {
-  if (needsLayout) return;
-  needsLayout = true;
-  dispatch::afterOnMain(0, [view = Ref<UIView>(this)] { send(view.get(), "layoutIfNeeded"_sel); });
+  if (!needingLayout().insert(this).second) return;
+  dispatch::afterOnMain(0, [view = this] {
+    if (needingLayout().contains(view)) send(view, "layoutIfNeeded"_sel);
+  });
 }
 
 void UIView::layoutIfNeeded() {
-  if (!needsLayout) return;
-  needsLayout = false;
-  send(this, "layoutSubviews"_sel);
+  if (needingLayout().erase(this) != 0) send(this, "layoutSubviews"_sel);
 }
 
 CGPoint UIView::fromWindow(CGPoint point) const {

@@ -19,7 +19,6 @@ struct UIView : Object {
   std::vector<Ref<UIView>> subviews;  ///< back to front
   bool hidden = false;
   bool userInteractionEnabled = true;
-  bool needsLayout = false;
   CGFloat alpha = 1;
   Ref<UIColor> backgroundColor;
   Ref<CALayer> ownLayer;  ///< made when first asked for
