@@ -12,7 +12,7 @@
 namespace {
 
 constexpr const char* usage =
-    "usage: home-screen [--device DIR] [--console | SCRIPT]\n"
+    "usage: home-screen [--console-device DIR] [--console | SCRIPT]\n"
     "\n"
     "Plays SCRIPT, each line a verb, on a fresh device, and prints what a person would see. Without a script, opens\n"
     "a console on the device in DIR (.device), with a clock that runs by itself; Ctrl-C ends it.\n"
@@ -68,6 +68,7 @@ int refuse(const std::string& reason) {
 int main(int count, char** words) {
   sim::Session::Options options;
   std::optional<std::string> script;
+  std::string consoleDevice = ".device";
   bool console = false;
   for (int index = 1; index < count; ++index) {
     const std::string word = words[index];
@@ -76,7 +77,7 @@ int main(int count, char** words) {
       return 0;
     }
     if (word == "--console") console = true;
-    else if (word == "--device" && index + 1 < count) options.device = words[++index];
+    else if (word == "--console-device" && index + 1 < count) consoleDevice = words[++index];
     else if (word.starts_with("-")) return refuse("unknown option or no value: " + word);
     else if (script) return refuse("more than one script");
     else script = word;
@@ -85,6 +86,6 @@ int main(int count, char** words) {
   catchInterrupts();
   if (script) return runScript(*script, options);
   options.live = true;
-  if (!options.device) options.device = ".device";
+  options.device = consoleDevice;
   return runConsole(options);
 }

@@ -213,7 +213,8 @@ std::string HomeScreen::readLine() {
       unread_.erase(0, end + 1);
       return line;
     }
-    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+    const auto left =
+        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
     pollfd waiting{process_->socket(), POLLIN, 0};
     const int ready = left.count() > 0 ? poll(&waiting, 1, static_cast<int>(left.count())) : 0;
     if (ready == 0) died("the home screen did not answer");

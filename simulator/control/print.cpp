@@ -163,9 +163,9 @@ std::string alertDetails(const AlertOnScreen& alert) {
   }
   if (alert.popover) {
     const Frame& rect = alert.popover->sourceRect;
-    text += std::string(", popover on ") + (alert.popover->sourceIsRootView ? "the root view" : alert.popover->sourceView) +
-            " " + brief(rect.width) + " × " + brief(rect.height) +
-            (alert.popover->arrowDirections == 0 ? " without an arrow" : "");
+    text += std::string(", popover on ") +
+            (alert.popover->sourceIsRootView ? "the root view" : alert.popover->sourceView) + " " + brief(rect.width) +
+            " × " + brief(rect.height) + (alert.popover->arrowDirections == 0 ? " without an arrow" : "");
   }
   return text;
 }

@@ -33,11 +33,11 @@ NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Frame, x, y, width, height)
 
 /// An icon on the home screen.
 struct IconOnScreen {
-  std::string id;      ///< bundle identifier; empty for a bookmark
-  std::string kind;    ///< "application", "downloading" or "bookmark"
-  std::string label;   ///< the label's text, seen or not
+  std::string id;     ///< bundle identifier; empty for a bookmark
+  std::string kind;   ///< "application", "downloading" or "bookmark"
+  std::string label;  ///< the label's text, seen or not
   bool labelHidden = false;
-  std::string badge;   ///< empty without a badge
+  std::string badge;  ///< empty without a badge
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(IconOnScreen, id, kind, label, labelHidden, badge)
 
@@ -45,7 +45,7 @@ NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(IconOnScreen, id, kind, label, labelHidden, b
 struct QuickAction {
   std::string title;
   std::string subtitle;
-  std::string image;   ///< "" without a picture, else "PATH" with " (template)" when tinted, or "PNG of N bytes"
+  std::string image;  ///< "" without a picture, else "PATH" with " (template)" when tinted, or "PNG of N bytes"
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(QuickAction, title, subtitle, image)
 

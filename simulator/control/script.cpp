@@ -53,7 +53,8 @@ std::string listed(const fs::directory_entry& entry) {
     line += set ? letters[bit] : '-';
   }
   std::string size = entry.is_regular_file() && !entry.is_symlink() ? std::to_string(entry.file_size()) : "";
-  line += std::string(12 - std::min<std::size_t>(12, size.size()), ' ') + size + "  " + entry.path().filename().string();
+  line +=
+      std::string(12 - std::min<std::size_t>(12, size.size()), ' ') + size + "  " + entry.path().filename().string();
   if (entry.is_symlink()) line += " -> " + fs::read_symlink(entry.path()).string();
   return line;
 }
@@ -237,8 +238,7 @@ struct Verbs {
 
 const std::vector<Verbs::Verb>& Verbs::table() {
   static const std::vector<Verb> verbs = {
-      {"boot",
-       "old|new [--core-version N] [--ipad] [--device DIR] [--clock SECONDS] [--time-zone NAME]",
+      {"boot", "old|new [--core-version N] [--ipad] [--device DIR] [--clock SECONDS] [--time-zone NAME]",
        "starts a home screen of that generation; the clock stands at SECONDS since 1970", 1, any, boot},
       {"respring", "", "restarts the home screen on the same device", 0, 0, respring},
       {"install", "FILE", "installs an application archive (.ipa)", 1, 1, install},
@@ -256,7 +256,8 @@ const std::vector<Verbs::Verb>& Verbs::table() {
       {"screen", "[off|on]", "prints what is on the screen, or turns the screen off or on", 0, 1, screen},
       {"power-down", "", "brings up the power-down slider", 0, 0, powerDown},
       {"notify", "ID TEXT", "lets a notification of an application arrive", 2, 2, notify},
-      {"download", "start|ask|remove ID", "a downloading icon appears, is asked what it is, is removed", 2, 2, download},
+      {"download", "start|ask|remove ID", "a downloading icon appears, is asked what it is, is removed", 2, 2,
+       download},
       {"settings", "KEY=VALUE...", "changes settings as the settings pane does; KEY= removes one", 1, any, settings},
       {"filza", "on|off", "installs the file manager or takes it away", 1, 1, filza},
       {"marker", "on|off NAME", "leaves a hooking loader's mark: substitute, substrate or unc0ver", 2, 2, marker},
@@ -268,7 +269,8 @@ const std::vector<Verbs::Verb>& Verbs::table() {
       {"pasteboard", "", "prints the pasteboard", 0, 0, pasteboard},
       {"urls", "", "prints the addresses that were opened", 0, 0, urls},
       {"launches", "", "prints the applications that were launched, and how", 0, 0, launches},
-      {"calls", "[messages on|off]", "prints what the library hooked, added and sent; logs messages or not", 0, 2, calls},
+      {"calls", "[messages on|off]", "prints what the library hooked, added and sent; logs messages or not", 0, 2,
+       calls},
       {"live", "", "prints how many objects of each class are alive", 0, 0, live},
       {"expect", "TEXT", "fails unless the screen shows the text", 1, 1, expect},
       {"expect-not", "TEXT", "fails if the screen shows the text", 1, 1, expectNot},

@@ -83,8 +83,9 @@ void unpack(const fs::path& file, const fs::path& folder) {
     la_int64_t offset = 0;
     while ((result = archive_read_data_block(reader.get(), &block, &size, &offset)) != ARCHIVE_EOF) {
       check(reader.get(), result, file);
-      check(writer.get(), static_cast<int>(std::min<la_ssize_t>(
-                              archive_write_data_block(writer.get(), block, size, offset), ARCHIVE_OK)),
+      check(writer.get(),
+            static_cast<int>(
+                std::min<la_ssize_t>(archive_write_data_block(writer.get(), block, size, offset), ARCHIVE_OK)),
             file);
     }
     check(writer.get(), archive_write_finish_entry(writer.get()), file);

@@ -53,7 +53,8 @@ nlohmann::ordered_json settingValue(const std::string& text) {
   }
   // Words such as "nan" are text, though they can be read as numbers.
   double number = 0;
-  if (text.find_first_not_of("+-.0123456789eE") == std::string::npos && text.find_first_of("0123456789") != std::string::npos) {
+  if (text.find_first_not_of("+-.0123456789eE") == std::string::npos &&
+      text.find_first_of("0123456789") != std::string::npos) {
     const auto [rest, failed] = std::from_chars(text.data(), end, number);
     if (failed == std::errc() && rest == end) return number;
   }

@@ -17,8 +17,8 @@ class Device {
   static constexpr std::string_view filza = "com.example.filza";
 
   struct Application {
-    std::string id;    ///< bundle identifier
-    std::string name;  ///< what the home screen shows
+    std::string id;                      ///< bundle identifier
+    std::string name;                    ///< what the home screen shows
     std::filesystem::path bundle, data;  ///< absolute paths on the device; data is empty without a container
   };
 

@@ -44,9 +44,7 @@ plist_t makeNode(const Json& value) {
   }
 }
 
-std::string quoted(const std::string& text) {
-  return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
-}
+std::string quoted(const std::string& text) { return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace); }
 
 std::string stringValue(plist_t node) {
   std::uint64_t length = 0;

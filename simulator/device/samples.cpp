@@ -63,8 +63,7 @@ const std::vector<Sample>& samples() {
        {{"CFBundleDisplayName", "Weather"},
         {"CFBundleShortVersionString", "4.0"},
         {"CFBundleURLTypes", Json::array({urlType("Forecast", {"example-weather", "example-forecast"}),
-                                          urlType("Maps", {"example-radar"}),
-                                          urlType(nullptr, {"example-sky"})})}},
+                                          urlType("Maps", {"example-radar"}), urlType(nullptr, {"example-sky"})})}},
        nullptr,
        {{"Library/Caches", 2, 1'048'576}}},
       {"com.example.photobox",
@@ -180,8 +179,7 @@ void makeApplication(const fs::path& root, const Sample& sample) {
 }  // namespace
 
 fs::path makeDataContainer(const fs::path& root, std::string_view id) {
-  const fs::path container =
-      root / "var/mobile/Containers/Data/Application" / Device::uuid("data " + std::string(id));
+  const fs::path container = root / "var/mobile/Containers/Data/Application" / Device::uuid("data " + std::string(id));
   for (const char* folder : {"Documents", "Library/Caches", "Library/Preferences", "tmp"}) {
     fs::create_directories(container / folder);
   }

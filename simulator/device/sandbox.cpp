@@ -35,9 +35,12 @@ struct Mount {
 
 std::vector<Mount> mounts(const fs::path& buildFolder) {
   const std::vector<Mount> all = {
-      {"/usr/bin", "/bin"},     {"/usr/lib", "/lib"},
-      {"/usr/lib64", "/lib64"}, {"/usr/lib/GNUstep", "/usr/lib/GNUstep"},
-      {"/usr/share", "/usr/share"}, {"/etc", "/etc"},
+      {"/usr/bin", "/bin"},
+      {"/usr/lib", "/lib"},
+      {"/usr/lib64", "/lib64"},
+      {"/usr/lib/GNUstep", "/usr/lib/GNUstep"},
+      {"/usr/share", "/usr/share"},
+      {"/etc", "/etc"},
       {buildFolder.string(), "/run/simulator"},
   };
   std::vector<Mount> present;
@@ -49,9 +52,9 @@ std::vector<Mount> mounts(const fs::path& buildFolder) {
 
 Words namespaceCommand(const fs::path& device, const fs::path& buildFolder) {
   // A user of its own without capabilities: files without permission cannot be read, whoever starts the simulator.
-  Words words = {"bwrap", "--unshare-user", "--uid", "501", "--gid", "501", "--die-with-parent",
-                 "--bind", device.string(), "/", "--dev", "/dev", "--proc", "/proc", "--tmpfs", "/tmp",
-                 "--tmpfs", "/run", "--chdir", "/"};
+  Words words = {"bwrap",   "--unshare-user", "--uid",   "501",   "--gid",   "501",    "--die-with-parent",
+                 "--bind",  device.string(),  "/",       "--dev", "/dev",    "--proc", "/proc",
+                 "--tmpfs", "/tmp",           "--tmpfs", "/run",  "--chdir", "/"};
   for (const Mount& mount : mounts(buildFolder)) words.insert(words.end(), {"--ro-bind", mount.from, mount.to});
   return words;
 }
@@ -88,8 +91,7 @@ pid_t spawn(const Words& words, const Environment& environment, int output, int 
   posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
   posix_spawnattr_setpgroup(&attributes, 0);
   pid_t pid = -1;
-  const int failed =
-      posix_spawnp(&pid, arguments.front(), &actions, &attributes, arguments.data(), variables.data());
+  const int failed = posix_spawnp(&pid, arguments.front(), &actions, &attributes, arguments.data(), variables.data());
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&actions);
   if (failed != 0) throw std::system_error(failed, std::generic_category(), words.front());
@@ -101,9 +103,9 @@ bool namespacesAllowed() {
   const int output = open("/dev/null", O_WRONLY | O_CLOEXEC);
   int status = -1;
   try {
-    const pid_t pid = spawn({"bwrap", "--unshare-user", "--ro-bind", "/", "/", "--dev", "/dev", "--proc", "/proc", "--",
-                             "true"},
-                            {{"PATH", "/usr/bin:/bin"}}, output, -1);
+    const pid_t pid =
+        spawn({"bwrap", "--unshare-user", "--ro-bind", "/", "/", "--dev", "/dev", "--proc", "/proc", "--", "true"},
+              {{"PATH", "/usr/bin:/bin"}}, output, -1);
     waitpid(pid, &status, 0);
   } catch (const std::system_error&) {
     status = -1;

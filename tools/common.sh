@@ -1,0 +1,52 @@
+# What the commands share: installing what is missing, building quietly. Sourced with the repository as the
+# working folder.
+
+say() { printf '%s\n' "$*" >&2; }
+
+# Runs a step whose output matters only when it fails.
+quietly() {
+  local name=$1 log
+  shift
+  log=$(mktemp)
+  if ! "$@" >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    say "$name failed"
+    return 1
+  fi
+  rm -f "$log"
+}
+
+missing_packages() {
+  local package
+  while read -r package; do
+    dpkg-query -W -f '${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^ii' || echo "$package"
+  done <tools/packages.txt
+}
+
+install_packages() {
+  local missing as_root=()
+  mapfile -t missing < <(missing_packages)
+  ((${#missing[@]} == 0)) && return
+  if ((EUID != 0)); then
+    if ! command -v sudo >/dev/null; then
+      say "These packages are missing; install them as root: apt-get install ${missing[*]}"
+      return 1
+    fi
+    as_root=(sudo)
+  fi
+  say "Installing ${missing[*]}"
+  local install=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends)
+  # The lists of packages are fetched only when the ones at hand do not do.
+  "${install[@]}" "${missing[@]}" >/dev/null 2>&1 && return
+  quietly "apt-get update" "${as_root[@]}" apt-get update
+  quietly "apt-get install" "${install[@]}" "${missing[@]}"
+}
+
+# Builds a preset; configures it first when it is new. (A build folder configures itself again when it must.)
+build() {
+  local preset=$1
+  [[ -f build/$preset/build.ninja ]] || quietly "Configuring $preset" cmake --preset "$preset"
+  say "Building $preset"
+  quietly "Building $preset" cmake --build --preset "$preset"
+}
