@@ -83,7 +83,7 @@ Options parse(int count, char** arguments) {
 void startUp(const Options& options) {
   const AutoreleasePool pool;
   sim::home().generation = options.generation;
-  sim::clock::set(options.clock ? std::llround(*options.clock * 1e9) : sim::clock::realTime());
+  sim::clock::set(options.clock ? std::llround(static_cast<long double>(*options.clock) * 1e9L) : sim::clock::realTime());
   sim::setCoreFoundationVersion(
       options.coreVersion.value_or(options.generation == sim::Generation::old ? 1575.17 : 1665.15));
   sim::installFoundationAdditions();

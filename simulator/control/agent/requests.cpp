@@ -19,7 +19,8 @@ namespace {
 
 using nlohmann::json;
 
-constexpr double second = 1e9;
+// A double cannot hold the clock's nanoseconds.
+constexpr long double second = 1e9L;
 
 std::string textOf(const json& request, const char* member) {
   const auto value = request.find(member);
@@ -126,7 +127,7 @@ json advance(const json& request) {
   return {};
 }
 
-json now(const json&) { return static_cast<double>(clock::now()) / second; }
+json now(const json&) { return static_cast<double>(static_cast<long double>(clock::now()) / second); }
 
 json pasteboard(const json&) {
   const UIPasteboard* board = generalPasteboard();
