@@ -23,6 +23,8 @@
 #include "simulator/runtime/library.hpp"
 #include "simulator/runtime/main_queue.hpp"
 
+extern "C" void NSSetUncaughtExceptionHandler(void (*handler)(id exception));
+
 namespace {
 
 constexpr int driverSocket = 3;
@@ -80,10 +82,19 @@ Options parse(int count, char** arguments) {
   return options;
 }
 
+/// A raised exception that nothing catches ends the process, as on a phone.
+void reportException(id exception) {
+  std::fprintf(stderr, "SpringBoard: %s: %s\n", sim::text(sim::send<id>(exception, "name"_sel)).c_str(),
+               sim::text(sim::send<id>(exception, "reason"_sel)).c_str());
+  std::abort();
+}
+
 void startUp(const Options& options) {
   const AutoreleasePool pool;
+  NSSetUncaughtExceptionHandler(reportException);
   sim::home().generation = options.generation;
-  sim::clock::set(options.clock ? std::llround(static_cast<long double>(*options.clock) * 1e9L) : sim::clock::realTime());
+  sim::clock::set(options.clock ? std::llround(static_cast<long double>(*options.clock) * 1e9L)
+                                : sim::clock::realTime());
   sim::setCoreFoundationVersion(
       options.coreVersion.value_or(options.generation == sim::Generation::old ? 1575.17 : 1665.15));
   sim::installFoundationAdditions();

@@ -243,7 +243,11 @@ json perform(const json& request) {
   const std::string verb = textOf(request, "verb");
   const auto known = verbs.find(verb);
   if (known == verbs.end()) throw BadRequest("The home screen knows no \"" + verb + "\"");
-  return known->second(request);
+  try {
+    return known->second(request);
+  } catch (const json::exception&) {
+    throw BadRequest("The request does not hold what \"" + verb + "\" takes");
+  }
 }
 
 }  // namespace sim
