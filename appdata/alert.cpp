@@ -1,5 +1,7 @@
 #include "appdata/alert.hpp"
 
+#include "platform/CoreFoundation.hpp"
+
 void closeAlertWindow() {
   alertWindow->setHidden(true);
   alertWindow.clear();
@@ -25,6 +27,11 @@ void anchorPopover(UIAlertController* sheet) {
   popover->setSourceView(view);
   popover->setSourceRect(view->bounds());
   popover->setPermittedArrowDirections(0);
+}
+
+void anchorPopoverWhereKnown(UIAlertController* sheet) {
+  constexpr double firstVersionWithPopovers = 1240.1;
+  if (kCFCoreFoundationVersionNumber >= firstVersionWithPopovers) anchorPopover(sheet);
 }
 
 void presentAlert(UIAlertController* alert) {

@@ -15,6 +15,8 @@ void openAlertWindow();
 /// Lets a tablet show the sheet as a popover without an arrow over the whole window. Does nothing on a phone.
 /// The window must be open.
 void anchorPopover(UIAlertController* sheet);
+/// The same, on systems that know popovers.
+void anchorPopoverWhereKnown(UIAlertController* sheet);
 /// Presents an alert in a window of its own.
 void presentAlert(UIAlertController* alert);
 /// The "Cancel" button: closes the window, nothing else.

@@ -4,6 +4,4 @@
 #include "appdata/container.hpp"
 #include "state/target.hpp"
 
-void presentResult(NSString* message) {
-  presentMessage(currentBundleIdentifier ? targetName() : nullptr, message);
-}
+void presentResult(NSString* message) { presentMessage(currentBundleIdentifier ? targetName() : nullptr, message); }

@@ -37,8 +37,8 @@ NSString* listingOf(NSArray* urlTypes) {
 NSArray* declaredTypes() {
   NSString* bundle = bundleText();
   if (bundle == nullptr) return nullptr;
-  return as<NSArray>(NSDictionary::withContentsOfFile(bundle->appending("/Info.plist"_ns))
-                         ->objectForKey("CFBundleURLTypes"_ns));
+  return as<NSArray>(
+      NSDictionary::withContentsOfFile(bundle->appending("/Info.plist"_ns))->objectForKey("CFBundleURLTypes"_ns));
 }
 
 }  // namespace

@@ -1,10 +1,22 @@
 #include "loader/hook_table.hpp"
 
+#include "appdata/backup.hpp"
+#include "appdata/caches.hpp"
+#include "appdata/file_manager.hpp"
+#include "appdata/reset.hpp"
+#include "appdata/restore.hpp"
+#include "badges/badges.hpp"
+#include "labels/label_views.hpp"
+#include "labels/names.hpp"
 #include "menu/action_menu.hpp"
 #include "menu/dismissal.hpp"
 #include "menu/download_flag.hpp"
+#include "menu/open_app.hpp"
+#include "menu/overlay.hpp"
 #include "menu/shortcut.hpp"
 #include "menu/swipe.hpp"
+#include "mute/sheet.hpp"
+#include "mute/suppression.hpp"
 #include "platform/hooking.hpp"
 #include "state/generation.hpp"
 
@@ -57,6 +69,14 @@ using enum Group;
 constexpr Row table[] = {
     hook<menu::isDownloadingIcon, &menu::platformIsDownloadingIcon>(both, "SBDownloadingIcon", "isDownloadingIcon"),
     hook<menu::uninstalledByUser, &menu::platformUninstalledByUser>(both, "SBDownloadingIcon", "uninstalledByUser"),
+    hook<mute::applicationDidFinishLaunching, &mute::platformApplicationDidFinishLaunching>(
+        both, "SpringBoard", "applicationDidFinishLaunching:"),
+    add<mute::launchMuteMenu>(both, "SpringBoard", "launchMuteMenu:"),
+    hook<mute::turnOnScreen, &mute::platformTurnOnScreen>(both, "SBNCScreenController",
+                                                          "turnOnScreenForNotificationRequest:"),
+    hook<mute::playSound, &mute::platformPlaySound>(both, "SBNCSoundController", "playSoundForNotificationRequest:"),
+    hook<labels::layoutSubviews, &labels::platformLayoutSubviews>(both, "SBIconView", "layoutSubviews"),
+    add<labels::recievedIconLablelUpdate>(both, "SBIconView", "recievedIconLablelUpdate"),
 
     hook<menu::launchWithSettings, &menu::platformLaunchWithSettings>(
         oldOnly, "SBIcon", "launchFromLocation:context:activationSettings:actions:"),
@@ -65,10 +85,31 @@ constexpr Row table[] = {
     hook<menu::touchMoved, &menu::platformTouchMoved>(both, menuHost, "icon:touchMoved:"),
 
     add<menu::showAlertView>(both, menuHost, "showAlertView"),
+    add<badges::clearBadges>(both, menuHost, "clearBadges"),
+    add<badges::setBadges>(both, menuHost, "setBadges"),
+    add<appdata::clearCaches>(both, menuHost, "clearCaches"),
+    add<appdata::clearCachesSucces>(both, menuHost, "clearCachesSucces"),
+    add<appdata::deleteBackUp>(both, menuHost, "deleteBackUp"),
+    add<appdata::deleteBackUpSucces>(both, menuHost, "deleteBackUpSucces"),
+    add<appdata::backUpData>(both, menuHost, "backUpData"),
+    add<appdata::backUpDataSucces>(both, menuHost, "backUpDataSucces"),
+    add<appdata::restoreData>(both, menuHost, "restoreData"),
+    add<appdata::restoreDataSucces>(both, menuHost, "restoreDataSucces"),
+    add<appdata::resetAppData>(both, menuHost, "resetAppData"),
+    add<appdata::resetAppDataSucces>(both, menuHost, "resetAppDataSucces"),
+    add<appdata::openInFilzaApp>(both, menuHost, "openInFilzaApp"),
+    add<appdata::openInFilzaData>(both, menuHost, "openInFilzaData"),
+    add<mute::muteNotifications>(both, menuHost, "muteNotifications"),
+    add<menu::openApps>(both, menuHost, "openApps"),
+    add<menu::showLoadingView>(both, menuHost, "showLoadingView"),
 
     hook<menu::shouldActivateForceTouchItem, &menu::platformShouldActivateForceTouchItem>(
         oldOnly, "SBIconController",
         "appIconForceTouchController:shouldActivateApplicationShortcutItem:atIndex:forGestureRecognizer:"),
+    hook<labels::iconName, &labels::platformIconName>(oldOnly, "SBApplicationIcon", "displayName"),
+    hook<labels::iconNameForLocation, &labels::platformIconNameForLocation>(oldOnly, "SBApplicationIcon",
+                                                                            "displayNameForLocation:"),
+    hook<labels::applicationName, &labels::platformApplicationName>(oldOnly, "SBApplication", "displayName"),
     hook<menu::applicationShortcutItems, &menu::platformApplicationShortcutItems>(
         oldOnly, "SBUIAppIconForceTouchControllerDataProvider", "applicationShortcutItems"),
     hook<menu::forceTouchState, &menu::platformForceTouchState>(oldOnly, "SBUIAppIconForceTouchController", "state"),
@@ -79,15 +120,37 @@ constexpr Row table[] = {
     hook<menu::setInScreenOffModeFromSource, &menu::platformSetInScreenOffModeFromSource>(
         oldOnly, "SBDashBoardViewController", "setInScreenOffMode:forAutoUnlock:fromUnlockSource:"),
     hook<menu::orderFront, &menu::platformOrderFront>(oldOnly, "SBPowerDownController", "orderFront"),
+    hook<mute::postToDashBoard, &mute::platformPostToDashBoard>(oldOnly, "SBDashBoardNotificationDispatcher",
+                                                                "postNotificationRequest:forCoalescedNotification:"),
+    hook<mute::postBannerWithCompletion, &mute::platformPostBannerWithCompletion>(
+        oldOnly, "SBNotificationBannerDestination",
+        "_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:"),
+    hook<labels::initWithContentType, &labels::platformInitWithContentType>(oldOnly, "SBIconView",
+                                                                            "initWithContentType:"),
 
     hook<menu::shouldActivateItem, &menu::platformShouldActivateItem>(
         newOnly, "SBHIconManager", "iconView:shouldActivateApplicationShortcutItem:atIndex:"),
     hook<menu::shortcutItemsForIconView, &menu::platformShortcutItemsForIconView>(
         newOnly, "SBHIconManager", "iconView:applicationShortcutItemsWithProposedItems:"),
+    hook<labels::iconName, &labels::platformIconName>(newOnly, "SBApplicationIcon", "displayName"),
+    hook<labels::iconNameForLocation, &labels::platformIconNameForLocation>(newOnly, "SBApplicationIcon",
+                                                                            "displayNameForLocation:"),
+    hook<labels::applicationName, &labels::platformApplicationName>(newOnly, "SBApplication", "displayName"),
     hook<menu::coverSheetWillAppear, &menu::platformCoverSheetWillAppear>(newOnly, "CSCoverSheetViewController",
                                                                           "viewWillAppear:"),
     hook<menu::powerDownViewWillAnimateIn, &menu::platformPowerDownViewWillAnimateIn>(
         newOnly, "SBPowerDownViewController", "powerDownViewWillAnimateIn:"),
+    hook<mute::postToCoverSheet, &mute::platformPostToCoverSheet>(newOnly, "CSNotificationDispatcher",
+                                                                  "postNotificationRequest:"),
+    hook<mute::postBanner, &mute::platformPostBanner>(newOnly, "SBNotificationBannerDestination",
+                                                      "postNotificationRequest:"),
+    hook<labels::initWithFrame, &labels::platformInitWithFrame>(newOnly, "SBIconView", "initWithFrame:"),
+    hook<labels::initWithOptions, &labels::platformInitWithOptions>(newOnly, "SBIconView",
+                                                                    "initWithConfigurationOptions:"),
+    hook<labels::initWithOptionsAndLayout, &labels::platformInitWithOptionsAndLayout>(
+        newOnly, "SBIconView", "initWithConfigurationOptions:listLayoutProvider:"),
+    add<labels::registerNotification>(newOnly, "SBIconView", "_sprigDial_registerNotification"),
+    add<labels::renameIconLablelUpdate>(newOnly, "SBIconView", "renameIconLablelUpdate"),
 };
 
 }  // namespace

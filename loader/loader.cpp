@@ -1,8 +1,9 @@
 // The library's one entry point: runs when the hooking loader maps it, before the home screen starts up.
 #include "labels/bridges.hpp"
+#include "labels/rename_icon.hpp"
 #include "loader/hook_table.hpp"
 #include "menu/download_flag.hpp"
-#include "mute/registry_file.hpp"
+#include "mute/registry.hpp"
 #include "settings/settings.hpp"
 
 namespace {
@@ -29,6 +30,7 @@ void observeDarwinNotifications() {
 [[gnu::constructor]] void start() {
   const AutoreleasePool pool;
   mute::createRegistryFile();
+  labels::registerRenameIcon();
   loader::installHookTable();
   observeDarwinNotifications();
   loadSettings();

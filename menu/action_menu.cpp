@@ -2,6 +2,7 @@
 
 #include "appdata/alert.hpp"
 #include "appdata/container.hpp"
+#include "clipboard/clipboard.hpp"
 #include "menu/cache_size.hpp"
 #include "menu/shortcut.hpp"
 #include "platform/dispatch.hpp"
@@ -34,9 +35,7 @@ struct Choice {
 
 bool exists(const NSString* path) { return NSFileManager::defaultManager()->fileExists(path); }
 
-bool canOpenFileManager() {
-  return UIApplication::sharedApplication()->canOpenURL(NSURL::withString("filza://"_ns));
-}
+bool canOpenFileManager() { return UIApplication::sharedApplication()->canOpenURL(NSURL::withString("filza://"_ns)); }
 
 // Conditions beside the entry's setting.
 bool always(const Application&) { return true; }
@@ -51,8 +50,7 @@ bool hasBackups(const Application& app) { return exists(app.backupFolder); }
 // Actions.
 template <LiteralText Selector>
 void sendToHost(const Choice& choice) {
-  const SEL selector = operator""_sel<Selector>();
-  if (choice.host->respondsToSelector(selector)) send(choice.host, selector);
+  send(choice.host, operator""_sel<Selector>());
 }
 
 void rename(const Choice& choice) {
@@ -62,6 +60,8 @@ void rename(const Choice& choice) {
   send(renamer, "receiveTouch"_sel);
 }
 
+void copyBundleIdentifier(const Choice&) { clipboard::copyBundleIdentifier(); }
+void copyURLSchemes(const Choice&) { clipboard::copyURLSchemes(); }
 void nothing(const Choice&) {}
 
 /// An entry of the menu. `setting` is null for one that cannot be switched off.
@@ -86,8 +86,8 @@ constexpr Entry entries[] = {
     {"Delete Backup Data", &Settings::delBackUp, hasBackups, sendToHost<"deleteBackUp">},
     // An application without caches has never been used; there is nothing to reset.
     {"Remove All User Data", &Settings::useReset, hasCaches, sendToHost<"resetAppData">},
-    {"Copy BundleID", &Settings::useCopyID, always, nothing},
-    {"Copy URL Schemes", &Settings::useCopySchemes, always, nothing},
+    {"Copy BundleID", &Settings::useCopyID, always, copyBundleIdentifier},
+    {"Copy URL Schemes", &Settings::useCopySchemes, always, copyURLSchemes},
     {"Mute Notification", &Settings::useMute, always, sendToHost<"muteNotifications">},
     {"Open App", &Settings::openApp, always, sendToHost<"openApps">},
     {"Cancel", nullptr, always, nothing, UIAlertActionStyle::cancel},
@@ -118,9 +118,8 @@ NSString* versionOf(NSString* bundleText) {
 }
 
 void presentSheet(UIAlertController* sheet) {
-  constexpr double firstVersionWithPopovers = 1240.1;
   openAlertWindow();
-  if (kCFCoreFoundationVersionNumber >= firstVersionWithPopovers) anchorPopover(sheet);
+  anchorPopoverWhereKnown(sheet);
   alertRootController->present(sheet, [] {
     constexpr std::int64_t guardTime = 800'000'000;
     dispatch::afterOnMain(guardTime, [] { openSheet.clear(); });

@@ -12,8 +12,7 @@ void showLoadingView(MenuHost*, SEL) {
 
   // A little right of and below the centre.
   const CGSize size = alertWindow->frame().size;
-  const auto box =
-      UIView::make("UIView"_cls, {{size.width * 0.5 - 50, size.height * 0.5 - 50}, {120, 120}});
+  const auto box = UIView::make("UIView"_cls, {{size.width * 0.5 - 50, size.height * 0.5 - 50}, {120, 120}});
   box->setBackgroundColor(UIColor::black());
   box->setAlpha(0.7);
   box->layer()->setCornerRadius(15);
@@ -25,8 +24,7 @@ void showLoadingView(MenuHost*, SEL) {
   label->setFont(UIFont::system(14));
   label->setTextAlignment(NSTextAlignment::center);
 
-  const auto indicator =
-      UIView::make<UIActivityIndicatorView>("UIActivityIndicatorView"_cls, {{20, 20}, {80, 80}});
+  const auto indicator = UIView::make<UIActivityIndicatorView>("UIActivityIndicatorView"_cls, {{20, 20}, {80, 80}});
   indicator->setStyle(UIActivityIndicatorViewStyle::whiteLarge);
   indicator->startAnimating();
 

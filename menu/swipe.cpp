@@ -34,8 +34,8 @@ bool isSwipe(CGPoint travel) {
 
 }  // namespace
 
-void launchWithSettings(SBIcon* icon, SEL selector, NSInteger location, NSObject* context,
-                        NSObject* activationSettings, NSObject* actions) {
+void launchWithSettings(SBIcon* icon, SEL selector, NSInteger location, NSObject* context, NSObject* activationSettings,
+                        NSObject* actions) {
   lastLaunch.context.set(context);
   lastLaunch.activationSettings.set(activationSettings);
   lastLaunch.actions.set(actions);

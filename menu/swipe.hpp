@@ -15,8 +15,8 @@ struct LaunchArguments {
 inline constinit LaunchArguments lastLaunch;
 
 // Old generation.
-void launchWithSettings(SBIcon* icon, SEL selector, NSInteger location, NSObject* context,
-                        NSObject* activationSettings, NSObject* actions);
+void launchWithSettings(SBIcon* icon, SEL selector, NSInteger location, NSObject* context, NSObject* activationSettings,
+                        NSObject* actions);
 inline constinit decltype(&launchWithSettings) platformLaunchWithSettings = nullptr;
 
 // New generation.

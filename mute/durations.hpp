@@ -11,7 +11,7 @@ struct Duration {
 
 // The uneven "Hour" and "Hours" are the sheet's own.
 inline constexpr Duration timed[] = {
-    {"For 15 Minutes", 900}, {"For 1 Hour", 3600},   {"For 2 Hour", 7200},  {"For 3 Hour", 10800},
+    {"For 15 Minutes", 900}, {"For 1 Hour", 3600},   {"For 2 Hour", 7200}, {"For 3 Hour", 10800},
     {"For 5 Hour", 18000},   {"For 8 Hours", 28800}, {"For 1 Day", 86400},
 };
 inline constexpr Duration forever{"Forever", -1};

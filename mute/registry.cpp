@@ -1,14 +1,134 @@
-#include "mute/registry_file.hpp"
+#include "mute/registry.hpp"
 
 namespace mute {
+namespace {
+
+// The property list in memory; nil when it could not be read.
+constinit Slot<NSMutableDictionary> registry;
+
+constexpr std::int32_t withoutEnd = -1;
+
+NSString* file() { return "/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist"_ns; }
+NSString* entriesKey() { return "entries"_ns; }
+NSString* idKey() { return "id"_ns; }
+NSString* timeKey() { return "timeStamp"_ns; }
+
+double now() { return NSDate::date()->timeIntervalSince1970(); }
+
+// Times are compared as the 32-bit whole seconds that the list has always been read in.
+std::int32_t wholeSeconds(double time) { return static_cast<std::int32_t>(static_cast<std::int64_t>(time)); }
+
+NSArray* entries() { return as<NSArray>(registry->objectForKey(entriesKey())); }
+
+// A record as a mutable dictionary; nil for something else, which is left where it is.
+NSMutableDictionary* recordAt(const NSArray* list, NSUInteger index) {
+  return as<NSMutableDictionary>(list->at(index));
+}
+
+bool isFor(const NSDictionary* record, NSString* bundleIdentifier) {
+  auto* id = as<NSString>(record->objectForKey(idKey()));
+  return id != nullptr && bundleIdentifier != nullptr && id->isEqualToString(bundleIdentifier);
+}
+
+// 0 for a record without a time.
+std::int32_t endOf(const NSDictionary* record) {
+  NSObject* time = record->objectForKey(timeKey());
+  return as<NSNumber>(time) != nullptr || as<NSString>(time) != nullptr ? send<int>(time, "intValue"_sel) : 0;
+}
+
+NSNumber* endAfter(double seconds) {
+  return seconds < 0 ? NSNumber::withInt(withoutEnd) : NSNumber::withDouble(now() + seconds);
+}
+
+void save() { registry->writeToFileAtomically(file()); }
+
+}  // namespace
 
 void createRegistryFile() {
   NSFileManager* files = NSFileManager::defaultManager();
-  if (files->fileExists(registryFile())) return;
+  if (files->fileExists(file())) return;
   constexpr int readableByAll = 0644;
   NSNumber* permissions = NSNumber::withInt(readableByAll);
-  files->createFile(registryFile(), nullptr, NSDictionary::with(permissions, NSFilePosixPermissions));
-  NSDictionary::with(NSArray::array(), "entries"_ns)->writeToFileAtomically(registryFile());
+  files->createFile(file(), nullptr, NSDictionary::with(permissions, NSFilePosixPermissions));
+  NSDictionary::with(NSArray::array(), entriesKey())->writeToFileAtomically(file());
+}
+
+void loadRegistry() {
+  const AutoreleasePool pool;
+  registry.set(NSMutableDictionary::copyOf(NSDictionary::withContentsOfFile(file())));
+  NSArray* stored = entries();
+  if (stored == nullptr) return;
+  // Records change in place: whatever kinds the reader gives, they are mutable from here on.
+  auto* list = NSMutableArray::array();
+  const NSUInteger count = stored->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    auto* record = as<NSDictionary>(stored->at(i));
+    list->add(record != nullptr ? NSMutableDictionary::copyOf(record) : stored->at(i));
+  }
+  registry->set(list, entriesKey());
+}
+
+void registerMute(NSString* bundleIdentifier, double seconds) {
+  if (!registry) return;
+  auto* list = NSMutableArray::copyOf(entries());
+  NSDictionary* removed = nullptr;
+  bool found = false;
+  const NSUInteger count = list->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    NSMutableDictionary* record = recordAt(list, i);
+    if (record == nullptr || !isFor(record, bundleIdentifier)) continue;
+    found = true;
+    if (seconds == 0) {
+      removed = record;
+    } else {
+      record->set(endAfter(seconds), timeKey());
+    }
+  }
+  if (removed != nullptr) list->removeEqual(removed);
+  if (!found && seconds != 0) {
+    auto* record = NSMutableDictionary::dictionary();
+    record->set(bundleIdentifier, idKey());
+    record->set(endAfter(seconds), timeKey());
+    list->add(record);
+  }
+  registry->set(list, entriesKey());
+  save();
+}
+
+bool isMutedNow(NSString* bundleIdentifier) {
+  NSArray* list = entries();
+  const NSUInteger count = list->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    NSMutableDictionary* record = recordAt(list, i);
+    if (record == nullptr || !isFor(record, bundleIdentifier)) continue;
+    const std::int32_t end = endOf(record);
+    if (now() < end || end == withoutEnd) return true;
+  }
+  return false;
+}
+
+bool isMuted(NCNotificationRequest* request) {
+  if (!registry) return false;
+  const AutoreleasePool pool;
+  NSString* bundleIdentifier = request->sectionIdentifier();
+  const std::int32_t time = wholeSeconds(now());
+  auto* list = as<NSMutableArray>(registry->objectForKey(entriesKey()));
+  auto* expired = NSMutableArray::array();
+  bool muted = false;
+  const NSUInteger count = list->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    NSMutableDictionary* record = recordAt(list, i);
+    if (record == nullptr) continue;
+    const std::int32_t end = endOf(record);
+    if (isFor(record, bundleIdentifier) && (end > time || end == withoutEnd)) {
+      muted = true;
+    } else if (end < time && end != withoutEnd) {
+      expired->add(record);
+    }
+  }
+  list->removeAll(expired);
+  save();
+  return muted;
 }
 
 }  // namespace mute

@@ -30,13 +30,14 @@ class NSString : public NSObject {
   static Class cls() { return "NSString"_cls; }
   /// A text of the caller's own.
   static Ref<NSString> owning(const char* utf8) {
-    return Ref<NSString>::adopt(
-        send<NSString*>(send<id>(cls(), "alloc"_sel), "initWithUTF8String:"_sel, utf8));
+    return Ref<NSString>::adopt(send<NSString*>(send<id>(cls(), "alloc"_sel), "initWithUTF8String:"_sel, utf8));
   }
   static NSString* text(const char* utf8) { return send<NSString*>(cls(), "stringWithUTF8String:"_sel, utf8); }
   NSUInteger length() const { return send<NSUInteger>(this, "length"_sel); }
   bool isEqualToString(const NSString* other) const { return send<BOOL>(this, "isEqualToString:"_sel, other); }
-  NSString* appending(const NSString* tail) const { return send<NSString*>(this, "stringByAppendingString:"_sel, tail); }
+  NSString* appending(const NSString* tail) const {
+    return send<NSString*>(this, "stringByAppendingString:"_sel, tail);
+  }
   NSString* appendingPathComponent(const NSString* name) const {
     return send<NSString*>(this, "stringByAppendingPathComponent:"_sel, name);
   }
@@ -93,6 +94,7 @@ class NSArray : public NSObject {
 
 class NSMutableArray : public NSArray {
  public:
+  static Class cls() { return "NSMutableArray"_cls; }
   static NSMutableArray* array() { return send<NSMutableArray*>("NSMutableArray"_cls, "array"_sel); }
   template <class... Objects>
   static NSMutableArray* of(Objects*... objects) {
@@ -105,6 +107,8 @@ class NSMutableArray : public NSArray {
     return send<NSMutableArray*>("NSMutableArray"_cls, "arrayWithArray:"_sel, other != nullptr ? other : array());
   }
   void add(const NSObject* object) { send(this, "addObject:"_sel, object); }
+  /// Removes every object that is equal to this one.
+  void removeEqual(const NSObject* object) { send(this, "removeObject:"_sel, object); }
   void removeAll(const NSArray* objects) { send(this, "removeObjectsInArray:"_sel, objects); }
 };
 
@@ -126,6 +130,17 @@ class NSDictionary : public NSObject {
   }
 };
 
+class NSMutableDictionary : public NSDictionary {
+ public:
+  static Class cls() { return "NSMutableDictionary"_cls; }
+  static NSMutableDictionary* dictionary() { return send<NSMutableDictionary*>(cls(), "dictionary"_sel); }
+  /// A mutable dictionary of the same entries; nil for nil.
+  static NSMutableDictionary* copyOf(const NSDictionary* other) {
+    return other != nullptr ? send<NSMutableDictionary*>(cls(), "dictionaryWithDictionary:"_sel, other) : nullptr;
+  }
+  void set(const NSObject* object, const NSString* key) { send(this, "setObject:forKey:"_sel, object, key); }
+};
+
 class NSData : public NSObject {
  public:
   /// The file's bytes, or nil when it cannot be read.
@@ -141,6 +156,11 @@ class NSURL : public NSObject {
   NSString* path() const { return send<NSString*>(this, "path"_sel); }
 };
 
+class NSNotification : public NSObject {
+ public:
+  NSDictionary* userInfo() const { return send<NSDictionary*>(this, "userInfo"_sel); }
+};
+
 class NSNotificationCenter : public NSObject {
  public:
   /// The process's own center; delivers before `post` returns.
@@ -149,6 +169,13 @@ class NSNotificationCenter : public NSObject {
   }
   void post(const NSString* name) const {
     send(this, "postNotificationName:object:"_sel, name, static_cast<id>(nullptr));
+  }
+  void post(const NSString* name, const NSDictionary* userInfo) const {
+    send(this, "postNotificationName:object:userInfo:"_sel, name, static_cast<id>(nullptr), userInfo);
+  }
+  /// `observer` is not retained. It gets `selector` whoever posts the notification.
+  void addObserver(const NSObject* observer, SEL selector, const NSString* name) const {
+    send(this, "addObserver:selector:name:object:"_sel, observer, selector, name, static_cast<id>(nullptr));
   }
 };
 
@@ -169,8 +196,8 @@ class NSFileManager : public NSObject {
   }
   /// Makes the folder and those above it that are missing.
   bool createDirectory(const NSString* path) const {
-    return send<BOOL>(this, "createDirectoryAtPath:withIntermediateDirectories:attributes:error:"_sel, path,
-                      BOOL{true}, static_cast<NSDictionary*>(nullptr), static_cast<id*>(nullptr));
+    return send<BOOL>(this, "createDirectoryAtPath:withIntermediateDirectories:attributes:error:"_sel, path, BOOL{true},
+                      static_cast<NSDictionary*>(nullptr), static_cast<id*>(nullptr));
   }
   bool createFile(const NSString* path, const NSData* contents, const NSDictionary* attributes) const {
     return send<BOOL>(this, "createFileAtPath:contents:attributes:"_sel, path, contents, attributes);
@@ -181,8 +208,7 @@ class NSFileManager : public NSObject {
   }
   /// The size in bytes of what is at `path`; 0 when its attributes cannot be read.
   std::uint64_t fileSize(const NSString* path) const {
-    auto* attributes =
-        send<NSDictionary*>(this, "attributesOfItemAtPath:error:"_sel, path, static_cast<id*>(nullptr));
+    auto* attributes = send<NSDictionary*>(this, "attributesOfItemAtPath:error:"_sel, path, static_cast<id*>(nullptr));
     return send<std::uint64_t>(attributes, "fileSize"_sel);
   }
 };

@@ -10,6 +10,8 @@ class SBIcon : public NSObject {
   /// Nil for an icon that is no application.
   NSString* applicationBundleID() const { return send<NSString*>(this, "applicationBundleID"_sel); }
   /// A number or a text; nil when the icon shows no badge.
+  /// The bundle identifier of an application's icon.
+  NSString* leafIdentifier() const { return send<NSString*>(this, "leafIdentifier"_sel); }
   /// Nil removes the badge.
   void setBadge(NSObject* badge) { send(this, "setBadge:"_sel, badge); }
   NSObject* badgeNumberOrString() const { return send<NSObject*>(this, "badgeNumberOrString"_sel); }
@@ -19,6 +21,8 @@ class SBIconView : public UIView {
  public:
   static Class cls() { return "SBIconView"_cls; }
   SBIcon* icon() const { return send<SBIcon*>(this, "icon"_sel); }
+  /// Makes the view re-read its label.
+  void updateLabel() { send(this, "_updateLabel"_sel); }
 };
 
 class SBIconModel : public NSObject {
@@ -63,6 +67,7 @@ class SBApplicationInfo : public NSObject {
 
 class SBApplication : public NSObject {
  public:
+  NSString* bundleIdentifier() const { return send<NSString*>(this, "bundleIdentifier"_sel); }
   NSString* displayName() const { return send<NSString*>(this, "displayName"_sel); }
   SBApplicationInfo* info() const { return send<SBApplicationInfo*>(this, "info"_sel); }
 };
@@ -102,8 +107,8 @@ class SBSApplicationShortcutCustomImageIcon : public NSObject {
 class SBSApplicationShortcutItem : public NSObject {
  public:
   static Ref<SBSApplicationShortcutItem> make() {
-    return Ref<SBSApplicationShortcutItem>::adopt(send<SBSApplicationShortcutItem*>(
-        send<id>("SBSApplicationShortcutItem"_cls, "alloc"_sel), "init"_sel));
+    return Ref<SBSApplicationShortcutItem>::adopt(
+        send<SBSApplicationShortcutItem*>(send<id>("SBSApplicationShortcutItem"_cls, "alloc"_sel), "init"_sel));
   }
   void setLocalizedTitle(const NSString* title) { send(this, "setLocalizedTitle:"_sel, title); }
   void setBundleIdentifierToLaunch(const NSString* identifier) {
@@ -119,6 +124,13 @@ class SBSApplicationShortcutItem : public NSObject {
 class SBUIAppIconForceTouchControllerDataProvider : public NSObject {
  public:
   NSString* applicationBundleIdentifier() const { return send<NSString*>(this, "applicationBundleIdentifier"_sel); }
+};
+
+/// A notification on its way to the screen.
+class NCNotificationRequest : public NSObject {
+ public:
+  /// The bundle identifier of the application that posted it.
+  NSString* sectionIdentifier() const { return send<NSString*>(this, "sectionIdentifier"_sel); }
 };
 
 // Only passed through.

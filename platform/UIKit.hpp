@@ -67,7 +67,9 @@ class UIPopoverPresentationController : public NSObject {
   /// In the source view's coordinates.
   void setSourceRect(CGRect rect) { send(this, "setSourceRect:"_sel, rect); }
   /// 0 means a popover without an arrow.
-  void setPermittedArrowDirections(NSUInteger directions) { send(this, "setPermittedArrowDirections:"_sel, directions); }
+  void setPermittedArrowDirections(NSUInteger directions) {
+    send(this, "setPermittedArrowDirections:"_sel, directions);
+  }
 };
 
 class UIViewController : public NSObject {
@@ -135,8 +137,7 @@ class UIAlertController : public UIViewController {
 class UIWindow : public UIView {
  public:
   static Ref<UIWindow> withFrame(CGRect frame) {
-    return Ref<UIWindow>::adopt(
-        send<UIWindow*>(send<id>("UIWindow"_cls, "alloc"_sel), "initWithFrame:"_sel, frame));
+    return Ref<UIWindow>::adopt(send<UIWindow*>(send<id>("UIWindow"_cls, "alloc"_sel), "initWithFrame:"_sel, frame));
   }
   void setWindowLevel(UIWindowLevel level) { send(this, "setWindowLevel:"_sel, level); }
   void makeKeyAndVisible() { send(this, "makeKeyAndVisible"_sel); }
@@ -216,8 +217,6 @@ class UIActivityIndicatorView : public UIView {
 
 class UIPasteboard : public NSObject {
  public:
-  static UIPasteboard* generalPasteboard() {
-    return send<UIPasteboard*>("UIPasteboard"_cls, "generalPasteboard"_sel);
-  }
+  static UIPasteboard* generalPasteboard() { return send<UIPasteboard*>("UIPasteboard"_cls, "generalPasteboard"_sel); }
   void setValue(NSObject* value, NSString* type) { send(this, "setValue:forPasteboardType:"_sel, value, type); }
 };

@@ -62,7 +62,7 @@ template <class Result = void, class... Arguments>
 Result sendSuper(const void* receiver, Class superclass, SEL selector, Arguments... arguments) {
   objc_super target{static_cast<id>(const_cast<void*>(receiver)), superclass};
   return reinterpret_cast<Result (*)(objc_super*, SEL, Arguments...)>(&objc_msgSendSuper)(&target, selector,
-                                                                                        arguments...);
+                                                                                          arguments...);
 }
 
 /// An object as the C interface wants it.

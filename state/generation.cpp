@@ -4,27 +4,27 @@ namespace {
 
 constexpr Generation oldGeneration{
     .menuHost = "SBIconController",
-    .icon = [](const MenuHost*, const NSString* bundleIdentifier) {
-      return SBIconController::sharedInstance()->homescreenIconViewMap()->iconModel()->applicationIcon(
-          bundleIdentifier);
-    },
-    .iconView = [](const SBIcon* icon) {
-      return SBIconController::sharedInstance()->homescreenIconViewMap()->iconView(icon);
-    },
+    .icon =
+        [](const MenuHost*, const NSString* bundleIdentifier) {
+          return SBIconController::sharedInstance()->homescreenIconViewMap()->iconModel()->applicationIcon(
+              bundleIdentifier);
+        },
+    .iconView =
+        [](const SBIcon* icon) { return SBIconController::sharedInstance()->homescreenIconViewMap()->iconView(icon); },
     .isEditing = [](const MenuHost*) { return SBIconController::sharedInstance()->isEditing(); },
     .bundlePlist = "/Info.plist",
 };
 
 constexpr Generation newGeneration{
     .menuHost = "SBHIconManager",
-    .icon = [](const MenuHost* host, const NSString* bundleIdentifier) {
-      return host->iconModel()->leafIcon(bundleIdentifier);
-    },
+    .icon = [](const MenuHost* host,
+               const NSString* bundleIdentifier) { return host->iconModel()->leafIcon(bundleIdentifier); },
     // A list that was never set up knows no views; the label is refreshed by the rename notification instead.
-    .iconView = [](const SBIcon* icon) {
-      const auto list = Ref<SBIconViewMap>::adopt(send<SBIconViewMap*>("SBIconListView"_cls, "alloc"_sel));
-      return list->iconView(icon);
-    },
+    .iconView =
+        [](const SBIcon* icon) {
+          const auto list = Ref<SBIconViewMap>::adopt(send<SBIconViewMap*>("SBIconListView"_cls, "alloc"_sel));
+          return list->iconView(icon);
+        },
     .isEditing = [](const MenuHost* host) { return host->isEditing(); },
     .bundlePlist = "Info.plist",
 };

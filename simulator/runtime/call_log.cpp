@@ -5,11 +5,10 @@
 namespace sim {
 namespace {
 bool loggingMessages = false;
+bool loggingMethods = false;
 
 // Foundation's messages say nothing about the home screen: texts, numbers, files.
-bool isFoundation(std::string_view className) {
-  return className.starts_with("NS") || className.starts_with("GS");
-}
+bool isFoundation(std::string_view className) { return className.starts_with("NS") || className.starts_with("GS"); }
 }  // namespace
 
 std::vector<Call>& callLog() {
@@ -18,9 +17,11 @@ std::vector<Call>& callLog() {
 }
 
 void logMessages(bool on) { loggingMessages = on; }
+void logMethods(bool on) { loggingMethods = on; }
 
 void logMethod(Call::Kind kind, Class cls, SEL selector, const char* encoding) {
-  callLog().push_back({kind, class_getName(cls), sel_getName(selector), encoding != nullptr ? encoding : ""});
+  if (loggingMethods)
+    callLog().push_back({kind, class_getName(cls), sel_getName(selector), encoding != nullptr ? encoding : ""});
 }
 
 }  // namespace sim
@@ -30,8 +31,8 @@ extern "C" IMP sim_lookUpMessage(id receiver, SEL selector) {
   if (sim::loggingMessages) {
     Class cls = receiver->isa;
     if (!sim::isFoundation(class_getName(cls)))
-      sim::callLog().push_back({sim::Call::Kind::send, class_getName(cls), sel_getName(selector),
-                                class_isMetaClass(cls) ? "+" : "-"});
+      sim::callLog().push_back(
+          {sim::Call::Kind::send, class_getName(cls), sel_getName(selector), class_isMetaClass(cls) ? "+" : "-"});
   }
   return objc_msg_lookup(receiver, selector);
 }

@@ -18,11 +18,14 @@ struct Call {
 
 /// The log since the process began, oldest first.
 std::vector<Call>& callLog();
-/// Whether messages are logged too; hooks, additions and observers always are. Off until switched on, since a
+/// Whether messages are logged too; observers always are. Off until switched on, since a
 /// large folder's walk sends very many.
 void logMessages(bool on);
 
-/// Called by `class_addMethod`'s and the hooking loader's callers while the add-on's library is being mapped.
+/// Whether hooked and added methods are logged: while the library is being mapped. The simulator's own classes
+/// are none of the log's business.
+void logMethods(bool on);
+/// Logs a hooked or added method, if that is on.
 void logMethod(Call::Kind kind, Class cls, SEL selector, const char* encoding);
 
 }  // namespace sim

@@ -31,7 +31,7 @@ template <class Result = void, class... Arguments>
 Result send(id receiver, SEL selector, Arguments... arguments) {
   if (receiver == nullptr) return Result();
   return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(objc_msg_lookup(receiver, selector))(receiver, selector,
-                                                                                               arguments...);
+                                                                                                  arguments...);
 }
 template <class Result = void, class... Arguments>
 Result send(Class receiver, SEL selector, Arguments... arguments) {

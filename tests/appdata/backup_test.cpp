@@ -86,10 +86,10 @@ TEST_P(Backup, IsNamedByLocalTimeAndTheWeeksYear) {
     const char* zone;
     const char* name;
   };
-  for (const auto& [clock, zone, name] : {Moment{1735560000, "UTC", "2025-12-30.12_00_00"},
-                                          Moment{1735560000, "Asia/Tokyo", "2025-12-30.21_00_00"},
-                                          Moment{1704067199, "UTC", "2024-12-31.23_59_59"},
-                                          Moment{1672531200, "America/New_York", "2023-12-31.19_00_00"}}) {
+  for (const auto& [clock, zone, name] :
+       {Moment{1735560000, "UTC", "2025-12-30.12_00_00"}, Moment{1735560000, "Asia/Tokyo", "2025-12-30.21_00_00"},
+        Moment{1704067199, "UTC", "2024-12-31.23_59_59"},
+        Moment{1672531200, "America/New_York", "2023-12-31.19_00_00"}}) {
     test::Home other(GetParam());
     other.options().timeZone = zone;
     other.options().clock = clock;
@@ -138,8 +138,8 @@ TEST_P(Backup, ArchivesAreOfferedLatestFirst) {
   EXPECT_EQ(home.alert().style, "action sheet");
   EXPECT_EQ(home.alert().title, "Test App");
   EXPECT_EQ(home.alert().message, app);
-  EXPECT_EQ(home.buttons(), (std::vector<std::string>{"2025-12-30 12:00:00", "2024-03-07 14:05:09",
-                                                      "2024-01-02 08:00:00", "Cancel"}));
+  EXPECT_EQ(home.buttons(),
+            (std::vector<std::string>{"2025-12-30 12:00:00", "2024-03-07 14:05:09", "2024-01-02 08:00:00", "Cancel"}));
   home->tap("Cancel");
   home->perform("deleteBackUp");
   EXPECT_EQ(home.buttons().size(), 4U);

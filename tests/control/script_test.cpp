@@ -73,11 +73,11 @@ INSTANTIATE_TEST_SUITE_P(
                     BadLine{"swipe up com.example.notes 1 x", "x"}, BadLine{"choose Sprigdial", "Sprigdial"},
                     BadLine{"tap Cancel", "Cancel"}, BadLine{"type hello", "text field"},
                     BadLine{"install /nowhere/at-all.ipa", "at-all.ipa"}, BadLine{"edit maybe", "maybe"},
-                    BadLine{"advance soon", "soon"}, BadLine{"advance -1", "-1"}, BadLine{"cat /var/nothing", "/var/nothing"},
-                    BadLine{"plist /var/mobile", "/var/mobile"}, BadLine{"ls /../../etc", ".."},
-                    BadLine{"settings direction", "direction"}, BadLine{"download pause com.example.x", "pause"},
-                    BadLine{"screen sideways", "sideways"}, BadLine{"boot ancient", "ancient"},
-                    BadLine{"touch \"com.example.notes", "quot"}));
+                    BadLine{"advance soon", "soon"}, BadLine{"advance -1", "-1"},
+                    BadLine{"cat /var/nothing", "/var/nothing"}, BadLine{"plist /var/mobile", "/var/mobile"},
+                    BadLine{"ls /../../etc", ".."}, BadLine{"settings direction", "direction"},
+                    BadLine{"download pause com.example.x", "pause"}, BadLine{"screen sideways", "sideways"},
+                    BadLine{"boot ancient", "ancient"}, BadLine{"touch \"com.example.notes", "quot"}));
 
 TEST_F(Script, AnExpectationThatFailsEndsWithOne) {
   const auto played = play(boot() + "expect \"No such thing\"\n");
@@ -91,7 +91,8 @@ TEST_F(Script, AnExpectationOfAbsenceFailsToo) {
 }
 
 TEST_F(Script, CommentsAndQuotesAreUnderstood) {
-  const auto played = play("# a comment\n" + boot() + "\n  # another\nnotify com.example.notes 'Hello, you'\nexpect \"Hello, you\"\n");
+  const auto played =
+      play("# a comment\n" + boot() + "\n  # another\nnotify com.example.notes 'Hello, you'\nexpect \"Hello, you\"\n");
   EXPECT_EQ(played.status, 0) << played.errors;
 }
 
@@ -104,9 +105,10 @@ TEST_F(Script, MissingScriptIsTold) {
 TEST_F(Script, HelpListsEveryVerb) {
   const auto played = play("help\n");
   EXPECT_EQ(played.status, 0);
-  for (const auto* verb : {"boot", "respring", "install", "touch", "swipe", "force-touch", "choose", "tap", "type",
-                           "launch", "edit", "lock", "unlock", "screen", "power-down", "notify", "download", "settings",
-                           "post", "advance", "ls", "cat", "plist", "pasteboard", "urls", "calls", "expect",
-                           "expect-not", "help"})
+  for (const auto* verb :
+       {"boot",     "respring", "install", "touch",      "swipe",  "force-touch", "choose",     "tap",
+        "type",     "launch",   "edit",    "lock",       "unlock", "screen",      "power-down", "notify",
+        "download", "settings", "post",    "advance",    "ls",     "cat",         "plist",      "pasteboard",
+        "urls",     "calls",    "expect",  "expect-not", "help"})
     EXPECT_NE(played.output.find(verb), std::string::npos) << verb;
 }

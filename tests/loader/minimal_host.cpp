@@ -27,9 +27,9 @@ extern const double UIWindowLevelNormal;
 extern const double UIWindowLevelAlert;
 const double UIWindowLevelNormal = 0;
 const double UIWindowLevelAlert = 2000;
-void* _NSConcreteGlobalBlock[32];  // NOLINT(bugprone-reserved-identifier)
-void* _NSConcreteStackBlock[32];   // NOLINT(bugprone-reserved-identifier)
-void* _NSConcreteMallocBlock[32];  // NOLINT(bugprone-reserved-identifier)
+void* _NSConcreteGlobalBlock[32];   // NOLINT(bugprone-reserved-identifier)
+void* _NSConcreteStackBlock[32];    // NOLINT(bugprone-reserved-identifier)
+void* _NSConcreteMallocBlock[32];   // NOLINT(bugprone-reserved-identifier)
 dispatch_queue_s _dispatch_main_q;  // NOLINT(bugprone-reserved-identifier)
 
 Class objc_getClass(const char* name) { return reinterpret_cast<Class>(const_cast<char*>(name)); }
@@ -60,8 +60,8 @@ void objc_autoreleasePoolPop(void*) {}
 id objc_retain(id object) { return object; }
 void objc_release(id) {}
 id objc_autorelease(id object) { return object; }
-void* _Block_copy(const void*) { return nullptr; }   // NOLINT(bugprone-reserved-identifier)
-void _Block_release(const void*) {}                  // NOLINT(bugprone-reserved-identifier)
+void* _Block_copy(const void*) { return nullptr; }  // NOLINT(bugprone-reserved-identifier)
+void _Block_release(const void*) {}                 // NOLINT(bugprone-reserved-identifier)
 std::uint64_t dispatch_time(std::uint64_t, std::int64_t) { return 0; }
 void dispatch_after(std::uint64_t, dispatch_queue_s*, const void*) {}
 

@@ -30,7 +30,7 @@ TEST(OtherHost, MapsTheNewGroupAtTheThreshold) {
   const auto lines = mappedAt("1652.2");
   EXPECT_TRUE(mentions(lines, "add SBHIconManager showAlertView v@:"));
   EXPECT_TRUE(mentions(lines, "hook CSCoverSheetViewController viewWillAppear:"));
-  EXPECT_FALSE(mentions(lines, "SBIconController"));
+  EXPECT_FALSE(mentions(lines, " SBIconController "));
 }
 
 TEST(OtherHost, SeesFourObserversInEitherGroup) {

@@ -13,9 +13,9 @@ const std::string app = "com.example.test";
 
 class ActionMenu : public test::Generations {};
 
-const std::vector<std::string> allSettings{"openFilza",  "useRename", "useBadge",  "useCustom", "useCache",
-                                           "useBackUp",  "useRestore", "delBackUp", "useReset",  "useCopyID",
-                                           "useCopySchemes", "useMute", "openApp"};
+const std::vector<std::string> allSettings{"openFilza",      "useRename",  "useBadge",  "useCustom", "useCache",
+                                           "useBackUp",      "useRestore", "delBackUp", "useReset",  "useCopyID",
+                                           "useCopySchemes", "useMute",    "openApp"};
 
 // An application for which every entry holds.
 void prepareForAll(test::Home& home) {
@@ -32,10 +32,9 @@ TEST_P(ActionMenu, ShowsEveryEntryThatHoldsInOrder) {
   prepareForAll(home);
   home.openMenu();
   const std::vector<std::string> expected{
-      "Open in Filza [App]", "Open in Filza [Data]", "Rename App",         "Clear Badges",
-      "Set Badges",          "Clear Caches(0 MB)",   "Backup Data",        "Restore Data",
-      "Delete Backup Data",  "Remove All User Data", "Copy BundleID",      "Copy URL Schemes",
-      "Mute Notification",   "Open App",             "Cancel"};
+      "Open in Filza [App]", "Open in Filza [Data]", "Rename App",        "Clear Badges",       "Set Badges",
+      "Clear Caches(0 MB)",  "Backup Data",          "Restore Data",      "Delete Backup Data", "Remove All User Data",
+      "Copy BundleID",       "Copy URL Schemes",     "Mute Notification", "Open App",           "Cancel"};
   EXPECT_EQ(home.buttons(), expected);
 }
 
@@ -338,21 +337,17 @@ TEST_P(CacheTitles, AreWrittenAsMegabytes) {
 
 INSTANTIATE_TEST_SUITE_P(
     , CacheTitles,
-    testing::Combine(test::bothGenerations,
-                     testing::Values(CacheTitle{0, "Clear Caches(0 MB)"}, CacheTitle{1, "Clear Caches(0 MB)"},
-                                     CacheTitle{5242, "Clear Caches(0 MB)"}, CacheTitle{5243, "Clear Caches(0.01 MB)"},
-                                     CacheTitle{1048576, "Clear Caches(1 MB)"},
-                                     CacheTitle{1572864, "Clear Caches(1.50 MB)"},
-                                     CacheTitle{2097000, "Clear Caches(1 MB)"},
-                                     CacheTitle{2097152, "Clear Caches(2 MB)"},
-                                     CacheTitle{3638559, "Clear Caches(3.47 MB)"},
-                                     CacheTitle{1056440, "Clear Caches(1.01 MB)"},
-                                     // Exactly between two hundredths: the even one.
-                                     CacheTitle{131072, "Clear Caches(0.12 MB)"},
-                                     CacheTitle{393216, "Clear Caches(0.38 MB)"},
-                                     CacheTitle{104857600, "Clear Caches(100 MB)"},
-                                     CacheTitle{105067315, "Clear Caches(100.20 MB)"},
-                                     CacheTitle{5368709120, "Clear Caches(5120 MB)"})));
+    testing::Combine(
+        test::bothGenerations,
+        testing::Values(CacheTitle{0, "Clear Caches(0 MB)"}, CacheTitle{1, "Clear Caches(0 MB)"},
+                        CacheTitle{5242, "Clear Caches(0 MB)"}, CacheTitle{5243, "Clear Caches(0.01 MB)"},
+                        CacheTitle{1048576, "Clear Caches(1 MB)"}, CacheTitle{1572864, "Clear Caches(1.50 MB)"},
+                        CacheTitle{2097000, "Clear Caches(1 MB)"}, CacheTitle{2097152, "Clear Caches(2 MB)"},
+                        CacheTitle{3638559, "Clear Caches(3.47 MB)"}, CacheTitle{1056440, "Clear Caches(1.01 MB)"},
+                        // Exactly between two hundredths: the even one.
+                        CacheTitle{131072, "Clear Caches(0.12 MB)"}, CacheTitle{393216, "Clear Caches(0.38 MB)"},
+                        CacheTitle{104857600, "Clear Caches(100 MB)"}, CacheTitle{105067315, "Clear Caches(100.20 MB)"},
+                        CacheTitle{5368709120, "Clear Caches(5120 MB)"})));
 
 TEST_P(ActionMenu, AnUnreadableCacheEntryAddsNothing) {
   home.install({});

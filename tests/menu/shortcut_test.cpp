@@ -125,9 +125,9 @@ TEST_F(ShortcutOld, PictureIsATintedTemplate) {
 
 TEST_F(ShortcutOld, AnyActionOfThatTitleGetsThePicture) {
   home.settings({"useForce=true"});
-  home.install({.info = {{"UIApplicationShortcutItems",
-                          {{{"UIApplicationShortcutItemTitle", "Sprigdial"},
-                            {"UIApplicationShortcutItemType", "mine"}}}}}});
+  home.install(
+      {.info = {{"UIApplicationShortcutItems",
+                 {{{"UIApplicationShortcutItemTitle", "Sprigdial"}, {"UIApplicationShortcutItemType", "mine"}}}}}});
   home->forceTouch(app);
   EXPECT_NE(home.screen().quickActions->entries[0].image, "");
 }
@@ -163,7 +163,7 @@ TEST_F(ShortcutNew, PictureIsHandedOverAsPng) {
   home.settings({"useForce=true"});
   home.install({});
   home->forceTouch(app);
-  const auto size = std::filesystem::file_size(
-      home.path("/Library/PreferenceBundles/SprigdialSettings.bundle/icon@3x.png"));
+  const auto size =
+      std::filesystem::file_size(home.path("/Library/PreferenceBundles/SprigdialSettings.bundle/icon@3x.png"));
   EXPECT_EQ(home.screen().quickActions->entries.back().image, "PNG of " + std::to_string(size) + " bytes");
 }

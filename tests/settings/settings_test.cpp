@@ -8,12 +8,12 @@ using Json = nlohmann::ordered_json;
 
 const std::string file = "/var/mobile/Library/Preferences/com.morvanel.sprigdial.plist";
 
-const Json defaults{{"enabled", true},    {"direction", 0},     {"slideValue", 1.0}, {"useForce", false},
-                    {"useEditing", false}, {"useRename", true},  {"useBadge", true},  {"useCustom", true},
-                    {"useCopyID", true},   {"useCopySchemes", true}, {"openFilza", true}, {"useCache", true},
-                    {"useBackUp", true},   {"useRestore", true}, {"delBackUp", true}, {"useReset", true},
-                    {"useMute", true},     {"openApp", true},    {"showSize", true},  {"useText", false},
-                    {"hideLabel", false},  {"disableType", 2},   {"muteLockScreen", true}, {"muteBanners", true}};
+const Json defaults{{"enabled", true},     {"direction", 0},         {"slideValue", 1.0},      {"useForce", false},
+                    {"useEditing", false}, {"useRename", true},      {"useBadge", true},       {"useCustom", true},
+                    {"useCopyID", true},   {"useCopySchemes", true}, {"openFilza", true},      {"useCache", true},
+                    {"useBackUp", true},   {"useRestore", true},     {"delBackUp", true},      {"useReset", true},
+                    {"useMute", true},     {"openApp", true},        {"showSize", true},       {"useText", false},
+                    {"hideLabel", false},  {"disableType", 2},       {"muteLockScreen", true}, {"muteBanners", true}};
 
 class Settings : public testing::Test {
  protected:
@@ -53,10 +53,19 @@ TEST_F(Settings, NumbersConvert) {
 }
 
 TEST_F(Settings, TextsConvert) {
-  EXPECT_EQ(loaded({{"enabled", "NO"}, {"useForce", "YES"}, {"hideLabel", "1"}, {"direction", "1"},
-                    {"slideValue", "2.5"}, {"disableType", "nonsense"}}),
-            with({{"enabled", false}, {"useForce", true}, {"hideLabel", true}, {"direction", 1}, {"slideValue", 2.5},
-                  {"disableType", 0}, {"muteLockScreen", false}}));
+  EXPECT_EQ(loaded({{"enabled", "NO"},
+                    {"useForce", "YES"},
+                    {"hideLabel", "1"},
+                    {"direction", "1"},
+                    {"slideValue", "2.5"},
+                    {"disableType", "nonsense"}}),
+            with({{"enabled", false},
+                  {"useForce", true},
+                  {"hideLabel", true},
+                  {"direction", 1},
+                  {"slideValue", 2.5},
+                  {"disableType", 0},
+                  {"muteLockScreen", false}}));
 }
 
 TEST_F(Settings, OtherKindsCountAsAbsent) {
@@ -76,9 +85,8 @@ TEST_F(Settings, DatesCountAsAbsent) {
 }
 
 TEST_F(Settings, FilesThatHoldNoDictionaryCountAsMissing) {
-  for (const std::string content :
-       {"", "garbage \x01\xff", "<plist><array><string>a</string></array></plist>", "<plist><dict><key>enabled</key>",
-        "bplist00", "{ enabled = 0"}) {
+  for (const std::string content : {"", "garbage \x01\xff", "<plist><array><string>a</string></array></plist>",
+                                    "<plist><dict><key>enabled</key>", "bplist00", "{ enabled = 0"}) {
     sim::writeFile((device.root() / file.substr(1)), content);
     EXPECT_EQ(loaded(), defaults) << content;
   }
@@ -101,7 +109,8 @@ TEST_F(Settings, RenamedLabelsDoNotDisturb) {
 }
 
 TEST_F(Settings, AreReadFromABinaryFileToo) {
-  sim::PropertyList(Json{{"useForce", true}}).write((device.root() / file.substr(1)), sim::PropertyList::Format::binary);
+  sim::PropertyList(Json{{"useForce", true}})
+      .write((device.root() / file.substr(1)), sim::PropertyList::Format::binary);
   EXPECT_EQ(loaded(), with({{"useForce", true}}));
 }
 

@@ -13,7 +13,8 @@ namespace fs = std::filesystem;
 
 constexpr double wellAboveAnyThreshold = 20;
 
-sim::HomeScreen::Options prepared(sim::HomeScreen::Options options, sim::Generation generation, const fs::path& device) {
+sim::HomeScreen::Options prepared(sim::HomeScreen::Options options, sim::Generation generation,
+                                  const fs::path& device) {
   options.generation = generation;
   options.device = device;
   options.buildFolder = BUILD_DIR;

@@ -15,8 +15,8 @@ using sim::Screen;
 struct App {
   std::string id = "com.example.test";
   std::string name = "Test App";
-  nlohmann::ordered_json info = {};      ///< further Info.plist keys; a null value takes a default key away
-  std::string folder = "Test.app";       ///< name of the bundle's folder
+  nlohmann::ordered_json info = {};  ///< further Info.plist keys; a null value takes a default key away
+  std::string folder = "Test.app";   ///< name of the bundle's folder
   bool hasContainer = true;
   bool hasCaches = true;
 };

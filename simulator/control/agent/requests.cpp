@@ -1,5 +1,7 @@
 #include "simulator/control/agent/requests.hpp"
 
+#include <sys/resource.h>
+
 #include <cmath>
 #include <map>
 
@@ -9,6 +11,7 @@
 #include "simulator/frameworks/uikit/UIApplication.hpp"
 #include "simulator/frameworks/uikit/UIPasteboard.hpp"
 #include "simulator/homescreen/common/gestures.hpp"
+#include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/common/icons.hpp"
 #include "simulator/runtime/blocks.hpp"
 #include "simulator/runtime/call_log.hpp"
@@ -170,6 +173,17 @@ json live(const json&) {
   return counts;
 }
 
+// What only the platform's own methods can have counted.
+json platformCounts(const json&) {
+  return {{"touchesMoved", home().touchesMoved}, {"forceTouchStateAsked", home().forceTouchStateAsked}};
+}
+
+json memory(const json&) {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return {{"peakKiB", usage.ru_maxrss}};
+}
+
 // The one object of a class, by whichever of the platform's names it is asked for.
 id sharedObject(const std::string& className) {
   Class cls = objc_getClass(className.c_str());
@@ -233,6 +247,8 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"launches", launches},
     {"calls", calls},
     {"live", live},
+    {"platform", platformCounts},
+    {"memory", memory},
     {"perform", performSelector},
     {"darwinObservers", observers},
 };

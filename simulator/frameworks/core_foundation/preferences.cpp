@@ -24,8 +24,6 @@ id preferences(const std::string& domain) {
 extern "C" void CFPreferencesSetAppValue(CFStringRef key, const void* value, CFStringRef application) {
   auto& domain = sim::domains()[sim::text(asId(application))];
   if (domain == nullptr) domain = sim::make("NSMutableDictionary"_cls);
-  if (value != nullptr)
-    sim::send(domain.get(), "setObject:forKey:"_sel, asId(value), asId(key));
-  else
-    sim::send(domain.get(), "removeObjectForKey:"_sel, asId(key));
+  if (value != nullptr) sim::send(domain.get(), "setObject:forKey:"_sel, asId(value), asId(key));
+  else sim::send(domain.get(), "removeObjectForKey:"_sel, asId(key));
 }

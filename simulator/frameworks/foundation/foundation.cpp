@@ -1,13 +1,16 @@
 #include "simulator/frameworks/foundation/foundation.hpp"
 
 #include "simulator/frameworks/foundation/property_list.hpp"
+#include "simulator/frameworks/foundation/property_list_reading.hpp"
 #include "simulator/frameworks/foundation/subpaths.hpp"
+#include "simulator/frameworks/foundation/task.hpp"
 #include "simulator/frameworks/foundation/user_defaults.hpp"
 
 namespace sim {
 
 void installFoundationAdditions() {
-  static constexpr void (*additions[])() = {installUserDefaults, installPropertyListWriting, installSubpaths};
+  static constexpr void (*additions[])() = {installUserDefaults, installPropertyListReading, installPropertyListWriting,
+                                            installSubpaths, installTaskWaiting};
   for (const auto install : additions) install();
 }
 

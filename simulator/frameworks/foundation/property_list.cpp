@@ -55,14 +55,10 @@ class XMLWriter {
     if (bytes == nullptr) throw NotAPropertyList();
     std::string result;
     for (const char c : std::string_view(send<const char*>(bytes, "bytes"_sel), send<NSUInteger>(bytes, "length"_sel)))
-      if (c == '&')
-        result += "&amp;";
-      else if (c == '<')
-        result += "&lt;";
-      else if (c == '>')
-        result += "&gt;";
-      else
-        result += c;
+      if (c == '&') result += "&amp;";
+      else if (c == '<') result += "&lt;";
+      else if (c == '>') result += "&gt;";
+      else result += c;
     return result;
   }
 

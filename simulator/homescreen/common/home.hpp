@@ -41,6 +41,8 @@ struct Home {
   std::vector<std::string> events;
   std::vector<DeliveredNotification> banners, lockScreen;
   std::vector<Launch> launches;
+  long touchesMoved = 0;          ///< how often the platform's own method was told of a moved touch
+  long forceTouchStateAsked = 0;  ///< how often the platform's own method was asked for the list's state
 };
 
 /// The one home screen of the process.

@@ -3,6 +3,7 @@
 
 #include "simulator/homescreen/common/SBIconModel.hpp"
 #include "simulator/homescreen/common/SBIconView.hpp"
+#include "simulator/homescreen/common/home.hpp"
 
 namespace sim::latest {
 
@@ -13,7 +14,7 @@ struct SBHIconManager : Object {
   BOOL isEditing() { return home().editing; }
   // A phone highlights and drags the icon; neither shows here.
   void addTouchedIconView(SBIconView*) {}
-  void iconTouchMoved(SBIcon*, id) {}
+  void iconTouchMoved(SBIcon*, id) { ++home().touchesMoved; }
   /// The list as it is proposed.
   id shortcutItems(SBIconView*, id proposed) { return proposed; }
   /// Every entry may be activated.

@@ -3,6 +3,7 @@
 
 #include "simulator/homescreen/common/SBIconModel.hpp"
 #include "simulator/homescreen/common/SBIconView.hpp"
+#include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/old/SBIconViewMap.hpp"
 
 namespace sim::old {
@@ -15,7 +16,7 @@ struct SBIconController : Object {
   BOOL isEditing() { return home().editing; }
   // A phone highlights and drags the icon; neither shows here.
   void addTouchedIconView(SBIconView*) {}
-  void iconTouchMoved(SBIcon*, id) {}
+  void iconTouchMoved(SBIcon*, id) { ++home().touchesMoved; }
   /// Every entry may be activated.
   BOOL shouldActivate(id, id, NSInteger, id) { return true; }
 };

@@ -1,5 +1,6 @@
 #include "simulator/homescreen/old/SBUIAppIconForceTouchController.hpp"
 
+#include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/common/platform_actions.hpp"
 #include "simulator/homescreen/common/shared_instance.hpp"
 #include "simulator/homescreen/old/SBUIAppIconForceTouchControllerDataProvider.hpp"
@@ -56,6 +57,11 @@ void SBUIAppIconForceTouchController::change(NSInteger newState) {
   send<NSInteger>(this, "state"_sel);
 }
 
+NSInteger SBUIAppIconForceTouchController::currentState() {
+  ++home().forceTouchStateAsked;
+  return state;
+}
+
 void SBUIAppIconForceTouchController::activate(std::size_t index) {
   const Ref<SBSApplicationShortcutItem> item = items.at(index);
   const bool allowed =
@@ -67,7 +73,7 @@ void SBUIAppIconForceTouchController::activate(std::size_t index) {
 
 void defineSBUIAppIconForceTouchController() {
   ClassBuilder<SBUIAppIconForceTouchController>("SBUIAppIconForceTouchController", "NSObject")
-      .getter<&SBUIAppIconForceTouchController::state>("state")
+      .method<&SBUIAppIconForceTouchController::currentState>("state")
       .add();
 }
 

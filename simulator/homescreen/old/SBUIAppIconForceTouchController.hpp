@@ -12,6 +12,7 @@ struct SBUIAppIconForceTouchController : Object {
   std::vector<Ref<SBSApplicationShortcutItem>> items;
   std::vector<Ref<SBUIAction>> actions;  ///< one for each item
 
+  NSInteger currentState();
   /// Opens the list of the icon's application, unless it is empty.
   void open(SBIconView* view);
   /// Runs an entry's handler, then closes the list.

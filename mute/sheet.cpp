@@ -1,0 +1,52 @@
+#include "mute/sheet.hpp"
+
+#include "appdata/alert.hpp"
+#include "mute/durations.hpp"
+#include "mute/registry.hpp"
+#include "state/target.hpp"
+
+namespace mute {
+namespace {
+
+NSString* notificationName() { return "com.morvanel.sprigdial.menu"_ns; }
+
+/// `restarts` drops an earlier record first, so that a muting without end gives way to a timed one.
+void addButton(UIAlertController* sheet, const Duration& duration, const Ref<NSString>& bundleIdentifier,
+               bool restarts) {
+  sheet->addAction(UIAlertAction::action(NSString::text(duration.title), UIAlertActionStyle::standard,
+                                         [bundleIdentifier, restarts, seconds = duration.seconds] {
+                                           closeAlertWindow();
+                                           if (restarts) registerMute(bundleIdentifier, unmute.seconds);
+                                           registerMute(bundleIdentifier, seconds);
+                                         }));
+}
+
+}  // namespace
+
+void muteNotifications(MenuHost*, SEL) {
+  if (!currentBundleIdentifier) return;
+  NSNotificationCenter::defaultCenter()->post(notificationName(),
+                                              NSDictionary::with(currentBundleIdentifier.get(), "id"_ns));
+}
+
+void launchMuteMenu(NSObject*, SEL, NSNotification* notification) {
+  const Ref<NSString> bundleIdentifier = as<NSString>(notification->userInfo()->objectForKey("id"_ns));
+  if (bundleIdentifier.get() == nullptr) return;
+  const bool muted = isMutedNow(bundleIdentifier);
+  auto* sheet = UIAlertController::alertController("Mute Notifications"_ns, bundleIdentifier,
+                                                   UIAlertControllerStyle::actionSheet);
+  for (const Duration& duration : timed) addButton(sheet, duration, bundleIdentifier, muted);
+  addButton(sheet, muted ? unmute : forever, bundleIdentifier, false);
+  sheet->addAction(cancelAction());
+  openAlertWindow();
+  anchorPopoverWhereKnown(sheet);
+  alertRootController->present(sheet);
+}
+
+void applicationDidFinishLaunching(NSObject* springBoard, SEL selector, NSObject* application) {
+  platformApplicationDidFinishLaunching(springBoard, selector, application);
+  loadRegistry();
+  NSNotificationCenter::defaultCenter()->addObserver(springBoard, "launchMuteMenu:"_sel, notificationName());
+}
+
+}  // namespace mute
