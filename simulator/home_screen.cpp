@@ -29,11 +29,13 @@ void catchInterrupts() {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaction(signal, &action, nullptr);
 }
 
-int runConsole(const sim::Session::Options& options) {
+int runConsole(sim::Session::Options options, const std::string& device) {
+  options.live = true;
+  options.device = device;
   sim::Session session(options, std::cout);
   const bool terminal = isatty(STDIN_FILENO) != 0;
   std::string line = "boot old";
-  std::cout << "A home screen of the old generation on " << options.device->string()
+  std::cout << "A home screen of the old generation on " << device
             << "; \"help\" lists what you can do, Ctrl-C ends.\n";
   do {
     try {
@@ -85,7 +87,5 @@ int main(int count, char** words) {
   if (script && console) return refuse("a script or the console, not both");
   catchInterrupts();
   if (script) return runScript(*script, options);
-  options.live = true;
-  options.device = consoleDevice;
-  return runConsole(options);
+  return runConsole(options, consoleDevice);
 }

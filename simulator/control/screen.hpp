@@ -91,6 +91,7 @@ struct AlertOnScreen {
   /// The buttons' titles, in order.
   std::vector<std::string> titles() const {
     std::vector<std::string> all;
+    all.reserve(buttons.size());
     for (const ButtonOnScreen& button : buttons) all.push_back(button.title);
     return all;
   }
@@ -161,7 +162,9 @@ struct Screen {
   }
   /// The sheet or alert of the topmost window, or null when it has none.
   const AlertOnScreen* topAlert() const {
-    return !windows.empty() && windows.back().alert ? &*windows.back().alert : nullptr;
+    if (windows.empty()) return nullptr;
+    const std::optional<AlertOnScreen>& alert = windows.back().alert;
+    return alert ? &*alert : nullptr;
   }
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Screen, generation, on, locked, poweringDown, editing, frontmost, icons,

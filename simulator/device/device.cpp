@@ -156,7 +156,7 @@ std::string Device::install(const fs::path& archive) {
   const fs::path bundle = findBundle(unpacked.path(), archive);
   const auto info = PropertyList::read(bundle / "Info.plist");
   if (!info) throw BadInput(archive.string() + ": Info.plist is missing or no property list");
-  const std::string id = info->text("CFBundleIdentifier").value_or("");
+  std::string id = info->text("CFBundleIdentifier").value_or("");
   if (!isIdentifier(id)) throw BadInput(archive.string() + ": Info.plist has no usable CFBundleIdentifier");
 
   const fs::path holder = at(bundles) / uuid("bundle " + id);

@@ -56,7 +56,7 @@ const std::vector<Sample>& samples() {
         {"UIApplicationShortcutItems",
          Json::array({quickAction("new", "New Note", ""), quickAction("find", "Search", "In all notes")})}},
        3,
-       {{"Documents/Notebook", 12, 2'048}, {"Library/Caches/Thumbnails", 3, 512 * 1'024}}},
+       {{"Documents/Notebook", 12, 2'048}, {"Library/Caches/Thumbnails", 3, 524'288}}},
       {"com.example.weather",
        "Weather",
        Format::binary,
@@ -71,7 +71,7 @@ const std::vector<Sample>& samples() {
        Format::binary,
        {{"CFBundleDisplayName", "PhotoBox"}, {"CFBundleShortVersionString", "10.1"}},
        nullptr,
-       {{"Documents/Albums", 4, 64 * 1'024},
+       {{"Documents/Albums", 4, 65'536},
         {"Library/Caches/Previews/Small", 800, 4'096},
         {"Library/Caches/Previews/Large", 150, 65'536}}},
       {"com.example.travel",
@@ -179,7 +179,7 @@ void makeApplication(const fs::path& root, const Sample& sample) {
 }  // namespace
 
 fs::path makeDataContainer(const fs::path& root, std::string_view id) {
-  const fs::path container = root / "var/mobile/Containers/Data/Application" / Device::uuid("data " + std::string(id));
+  fs::path container = root / "var/mobile/Containers/Data/Application" / Device::uuid("data " + std::string(id));
   for (const char* folder : {"Documents", "Library/Caches", "Library/Preferences", "tmp"}) {
     fs::create_directories(container / folder);
   }

@@ -64,7 +64,8 @@ Words tracingCommand(const fs::path& device, const fs::path& buildFolder) {
   // Root without capabilities is bound by permissions, too.
   if (geteuid() == 0) words = {"setpriv", "--bounding-set=-all", "--inh-caps=-all"};
   words.insert(words.end(), {"proot", "-r", device.string(), "-w", "/", "-b", "/dev", "-b", "/proc"});
-  for (const Mount& mount : mounts(buildFolder)) words.insert(words.end(), {"-b", mount.from + ":" + mount.to});
+  for (const Mount& mount : mounts(buildFolder))
+    words.insert(words.end(), {"-b", std::string(mount.from).append(":").append(mount.to)});
   return words;
 }
 
@@ -74,7 +75,7 @@ pid_t spawn(const Words& words, const Environment& environment, int output, int 
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   Words assignments;
-  for (const auto& [name, value] : environment) assignments.push_back(name + "=" + value);
+  for (const auto& [name, value] : environment) assignments.emplace_back(name).append("=").append(value);
   std::vector<char*> variables;
   for (std::string& assignment : assignments) variables.push_back(assignment.data());
   variables.push_back(nullptr);
