@@ -43,10 +43,12 @@ install_packages() {
   quietly "apt-get install" "${install[@]}" "${missing[@]}"
 }
 
-# Builds a preset; configures it first when it is new. (A build folder configures itself again when it must.)
+# Builds a preset, or only the targets named after it; configures it first when it is new. (A build folder
+# configures itself again when it must.)
 build() {
   local preset=$1
+  shift
   [[ -f build/$preset/build.ninja ]] || quietly "Configuring $preset" cmake --preset "$preset"
   say "Building $preset"
-  quietly "Building $preset" cmake --build --preset "$preset"
+  quietly "Building $preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }

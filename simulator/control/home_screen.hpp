@@ -18,7 +18,7 @@
 
 namespace sim {
 
-enum class Generation { old, latest };
+enum class Generation { old, recent };
 
 /// A finger's way from one touch sample to the next, in points; down and right are positive.
 struct TouchSample {

@@ -32,7 +32,7 @@ bool parseSwitch(const std::string& text) {
 
 Generation parseGeneration(const std::string& text) {
   if (text != "old" && text != "new") throw BadInput("neither old nor new: " + text);
-  return text == "old" ? Generation::old : Generation::latest;
+  return text == "old" ? Generation::old : Generation::recent;
 }
 
 std::string parseTimeZone(const std::string& name) {
