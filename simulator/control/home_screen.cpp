@@ -52,7 +52,8 @@ void HomeScreen::start() {
   if (options_.live) command.emplace_back("--live");
   if (options_.withLibrary) command.insert(command.end(), {"--library", "/run/simulator/Sprigdial.so"});
   std::map<std::string, std::string> environment = options_.environment;
-  if (options_.timeZone) environment["TZ"] = *options_.timeZone;
+  // Foundation looks at the machine's own time zone before it looks at TZ.
+  if (options_.timeZone) environment["GNUSTEP_TZ"] = environment["TZ"] = *options_.timeZone;
   unread_.clear();
   process_ = std::make_unique<SandboxedProcess>(device_.root(), options_.buildFolder, command, environment);
   ask("now");

@@ -13,6 +13,7 @@ class Caches : public test::Generations {
     home.addCache(app, "image", 2048);
     home.addCache(app, "folder/deep/file", 10);
     home.addCache(app, ".hidden", 10);
+    home.screen();  // starting up makes a file of its own
   }
   fs::path caches() { return home.container(app) / "Library/Caches"; }
   void ask() {
@@ -29,6 +30,7 @@ class Reset : public test::Generations {
     for (const auto* file : {"Library/Caches/a", "Library/Preferences/b.plist", "Library/Other/deep/c", "Documents/d",
                              "Documents/folder/e", "tmp/f", "SystemData/g"})
       sim::writeFile(data / file, file);
+    home.screen();  // starting up makes a file of its own
   }
   void ask() {
     home.openMenu();
@@ -123,6 +125,7 @@ TEST_P(Caches, AnUnknownApplicationIsCalledNull) {
 
 TEST_P(Caches, ASecondAlertReplacesTheFirst) {
   ask();
+  home->advance(1);  // the menu itself is gone
   home->perform("resetAppData");
   EXPECT_EQ(home.screen().windows.size(), 1U);
   EXPECT_EQ(home.alert().title, "Warning");

@@ -79,7 +79,6 @@ TEST_P(Clipboard, SchemesOfAnotherKindAreLeftOut) {
 
 TEST_P(FileManager, OpensTheBundlesPropertyList) {
   home.install({});
-  home.installFileManager();
   const auto bundle = home.device().application(app)->bundle.string();
   home.openMenu();
   home->tap("Open in Filza [App]");
@@ -91,7 +90,6 @@ TEST_P(FileManager, OpensTheBundlesPropertyList) {
 
 TEST_P(FileManager, OpensTheBundleFolderWithoutOne) {
   home.install({});
-  home.installFileManager();
   const auto bundle = home.device().application(app)->bundle.string();
   home.swipeUp(app, 0, -0.5);
   std::filesystem::remove(home.path(bundle) / "Info.plist");
@@ -101,7 +99,6 @@ TEST_P(FileManager, OpensTheBundleFolderWithoutOne) {
 
 TEST_P(FileManager, OpensTheDocumentsFolderThereOrNot) {
   home.install({});
-  home.installFileManager();
   std::filesystem::remove_all(home.container(app) / "Documents");
   home.openMenu();
   home->tap("Open in Filza [Data]");
@@ -110,6 +107,7 @@ TEST_P(FileManager, OpensTheDocumentsFolderThereOrNot) {
 
 TEST_P(FileManager, NotInstalledTheRequestFails) {
   home.install({});
+  home.removeFileManager();
   home.swipeUp(app, 0, -0.5);
   home->perform("openInFilzaData");
   EXPECT_FALSE(home->urls()[0].opened);

@@ -20,7 +20,6 @@ const std::vector<std::string> allSettings{"openFilza",      "useRename",  "useB
 // An application for which every entry holds.
 void prepareForAll(test::Home& home) {
   home.install({});
-  home.installFileManager();
   home.setBadge(app, 4);
   std::filesystem::create_directories(home.path("/var/mobile/Documents/Sprigdial/" + app));
 }
@@ -94,6 +93,7 @@ TEST_P(ActionMenu, WithEverySettingOffHoldsOnlyCancel) {
 
 TEST_P(ActionMenu, WithoutFileManagerHasNoFilzaEntries) {
   home.install({});
+  home.removeFileManager();
   home.openMenu();
   EXPECT_FALSE(home.hasButton("Open in Filza [App]"));
   EXPECT_FALSE(home.hasButton("Open in Filza [Data]"));
@@ -101,7 +101,6 @@ TEST_P(ActionMenu, WithoutFileManagerHasNoFilzaEntries) {
 
 TEST_P(ActionMenu, BlankInTheBundlePathHidesTheAppFolderButNotTheVersion) {
   home.install({.folder = "My Test.app"});
-  home.installFileManager();
   home.openMenu();
   EXPECT_FALSE(home.hasButton("Open in Filza [App]"));
   EXPECT_TRUE(home.hasButton("Open in Filza [Data]"));
@@ -132,7 +131,6 @@ TEST_P(ActionMenu, WithoutCachesFolderHasNeitherCacheNorReset) {
 
 TEST_P(ActionMenu, WithoutDataContainerHasNoDataEntries) {
   home.install({.hasContainer = false});
-  home.installFileManager();
   home.openMenu();
   EXPECT_TRUE(home.hasButton("Open in Filza [App]"));
   EXPECT_FALSE(home.hasButton("Open in Filza [Data]"));

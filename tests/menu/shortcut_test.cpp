@@ -142,18 +142,16 @@ TEST_F(ShortcutOld, TheListNamesTheApplicationWithoutATouch) {
 }
 
 TEST_F(ShortcutOld, TheListKeepsTheSwipeAway) {
-  home.install({});
-  home->forceTouch(app);
-  home.swipeUp(app);
+  home->forceTouch("com.example.notes");
+  home.swipeUp("com.example.notes");
   EXPECT_FALSE(home.showsAlert());
   home->home();
-  home.swipeUp(app);
+  home.swipeUp("com.example.notes");
   EXPECT_TRUE(home.showsAlert());
 }
 
 TEST_F(ShortcutOld, TheListsStateIsAskedTwiceEachTime) {
-  home.install({});
-  home->forceTouch(app);
+  home->forceTouch("com.example.notes");
   const auto asked = home->ask("platform").at("forceTouchStateAsked").get<long>();
   EXPECT_GT(asked, 0);
   EXPECT_EQ(asked % 2, 0);

@@ -110,7 +110,7 @@ TEST_P(Swipe, WorksOnlyWhileEditingWithUseEditing) {
 
 TEST_P(Swipe, OnSomethingThatIsNoApplicationOpensNothing) {
   home.swipeUp(app, 0, -0.5);  // leaves an application recorded
-  home.swipeUp("Example Web Page");
+  home.swipeUp("Garden Diary");
   EXPECT_FALSE(home.showsAlert());
 }
 

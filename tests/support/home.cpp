@@ -65,8 +65,8 @@ void Home::install(const App& app) {
   rescan();
 }
 
-void Home::installFileManager() {
-  device_.setFilzaInstalled(true);
+void Home::removeFileManager() {
+  device_.setFilzaInstalled(false);
   rescan();
 }
 
@@ -140,7 +140,10 @@ std::string runInside(const sim::Device& device, const std::string& program) {
   sim::SandboxedProcess process(device.root(), BUILD_DIR, {"/run/simulator/" + program}, {});
   if (const auto status = process.end(std::chrono::seconds(60)); status != 0)
     throw std::runtime_error(program + " failed: " + process.output());
-  return process.output();
+  // Foundation may have something to say before.
+  std::string output = process.output();
+  output.erase(output.find_last_not_of('\n') + 1);
+  return output.substr(output.find_last_of('\n') + 1);
 }
 
 }  // namespace test

@@ -38,7 +38,8 @@ class Home {
   std::filesystem::path container(const std::string& id) const;
   std::filesystem::path bundle(const std::string& id) const;
   void install(const App& app);
-  void installFileManager();
+  /// The samples include the file manager.
+  void removeFileManager();
   /// Gives the icon a badge, a number or a text, and every other icon none.
   void setBadge(const std::string& id, const nlohmann::ordered_json& badge);
   /// A file of that size below the application's caches.
@@ -74,7 +75,7 @@ class Home {
 /// Everything below a folder, by path: its mode, and its content or where its link points to.
 std::map<std::string, std::string> filesBelow(const std::filesystem::path& folder);
 
-/// What a program of the build folder prints when it runs inside the device.
+/// The last line that a program of the build folder prints when it runs inside the device.
 std::string runInside(const sim::Device& device, const std::string& program);
 
 /// Every behaviour is tested on both generations.
