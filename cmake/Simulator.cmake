@@ -44,3 +44,7 @@ target_link_libraries(simulator_control PUBLIC simulator_options PRIVATE PkgConf
 add_executable(home-screen simulator/home_screen.cpp)
 target_link_libraries(home-screen PRIVATE simulator_control)
 add_dependencies(home-screen SpringBoard)
+
+add_executable(bench EXCLUDE_FROM_ALL benchmarks/bench.cpp)
+target_link_libraries(bench PRIVATE simulator_control)
+add_dependencies(bench SpringBoard)

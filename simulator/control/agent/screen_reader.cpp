@@ -129,6 +129,7 @@ std::vector<UIWindow*> windowsAboveHomeScreen() {
 
 std::vector<NotificationOnScreen> readNotifications(const std::vector<DeliveredNotification>& delivered) {
   std::vector<NotificationOnScreen> seen;
+  seen.reserve(delivered.size());
   for (const auto& [id, text] : delivered) seen.push_back({id, text});
   return seen;
 }

@@ -26,7 +26,7 @@ void UIAlertController::addAction(UIAlertAction* action) {
   if (cancels(action) && std::any_of(actions.begin(), actions.end(), cancels))
     raiseException("NSInternalInconsistencyException",
                    "UIAlertController can only have one action with a style of UIAlertActionStyleCancel");
-  actions.push_back(action);
+  actions.emplace_back(action);
 }
 
 void UIAlertController::addTextField(const BlockLiteral* configurationHandler) {

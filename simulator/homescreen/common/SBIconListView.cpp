@@ -36,8 +36,10 @@ void SBIconListView::remove(SBIcon* icon) {
 void SBIconListView::arrange(const std::vector<Ref<SBIcon>>& icons) {
   for (std::size_t i = 0; i < icons.size(); ++i) {
     SBIconView* view = iconViewForIcon(icons[i]);
-    const CGPoint origin{margin + columnWidth * static_cast<CGFloat>(i % columns),
-                         margin + rowHeight * static_cast<CGFloat>(i / columns)};
+    const std::size_t column = i % columns;
+    const std::size_t row = i / columns;
+    const CGPoint origin{margin + columnWidth * static_cast<CGFloat>(column),
+                         margin + rowHeight * static_cast<CGFloat>(row)};
     send(view, "setFrame:"_sel, CGRect{origin, view->frame.size});
     send(view, "layoutSubviews"_sel);
   }
