@@ -160,8 +160,9 @@ TEST_P(ActionMenu, UnknownVersionKeepsItsBlank) {
 TEST_P(ActionMenu, UnreadableInfoGivesAnUnknownVersion) {
   home.install({});
   home.swipeUp(app, 0, -0.5);
+  const auto info = home.bundle(app) / "Info.plist";
   for (const auto* content : {"", "garbage", "<plist><array/></plist>"}) {
-    sim::writeFile(home.bundle(app) / "Info.plist", content);
+    sim::writeFile(info, content);
     home.openMenu();
     EXPECT_EQ(home.alert().message, "com.example.test Ver. Unknown") << content;
     home->tap("Cancel");

@@ -70,7 +70,7 @@ TEST_P(Download, ARespringLowersTheFlag) {
 }
 
 TEST_P(Download, OneEnvironmentNeverRaisesTheFlag) {
-  for (const auto* marker : {"libsubstitute.dylib", ".installed_unc0ver"}) home.device().setMarker(marker, true);
+  for (const auto* marker : {"substitute", "unc0ver"}) home.device().setMarker(marker, true);
   home->startDownload(downloading);
   home->askDownload(downloading);
   EXPECT_TRUE(swipeOpens());
@@ -81,7 +81,7 @@ TEST_P(Download, OneEnvironmentNeverRaisesTheFlag) {
 }
 
 TEST_P(Download, TheEnvironmentNeedsAllItsMarkers) {
-  for (const auto* marker : {"libsubstitute.dylib", ".installed_unc0ver"}) {
+  for (const auto* marker : {"substitute", "unc0ver"}) {
     test::Home other(GetParam());
     other.device().setMarker(marker, true);
     other->startDownload(downloading);
