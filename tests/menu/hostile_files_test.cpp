@@ -35,6 +35,9 @@ TEST_P(HostileFiles, AFileInTheCachesPlaceHasNoSize) {
 }
 
 TEST_P(HostileFiles, ManyCacheFilesNeedNoMoreMemoryThanTheirNames) {
+#if __has_feature(address_sanitizer)
+  GTEST_SKIP() << "the address sanitizer keeps freed memory back: the figure would be its own";
+#endif
   // Dead objects are let go here: kept ones would be all that is measured.
   home.options().environment["NSZombieEnabled"] = "NO";
   home.install({});
