@@ -27,7 +27,7 @@ void logMethod(Call::Kind kind, Class cls, SEL selector, const char* encoding) {
 }  // namespace sim
 
 /// The lookup behind the message-send entry points. The receiver is never nil.
-extern "C" IMP sim_lookUpMessage(id receiver, SEL selector) {
+extern "C" IMP simLookUpMessage(id receiver, SEL selector) {
   if (sim::loggingMessages) {
     Class cls = receiver->isa;
     if (!sim::isFoundation(class_getName(cls)))

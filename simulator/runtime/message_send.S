@@ -57,7 +57,7 @@ objc_msgSend:
     test %rdi, %rdi
     jz 1f
     SAVE_ARGUMENTS
-    call sim_lookUpMessage@PLT
+    call simLookUpMessage@PLT
     mov %rax, %r11
     RESTORE_ARGUMENTS
     jmp *%r11
@@ -79,7 +79,7 @@ objc_msgSend_stret:
     SAVE_ARGUMENTS
     mov %rsi, %rdi
     mov %rdx, %rsi
-    call sim_lookUpMessage@PLT
+    call simLookUpMessage@PLT
     mov %rax, %r11
     RESTORE_ARGUMENTS
     jmp *%r11
@@ -137,7 +137,7 @@ objc_msgSendSuper:
 objc_msgSend:
     cbz x0, 1f
     SAVE_ARGUMENTS
-    bl sim_lookUpMessage
+    bl simLookUpMessage
     mov x16, x0
     RESTORE_ARGUMENTS
     br x16
