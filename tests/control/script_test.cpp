@@ -60,7 +60,7 @@ TEST_P(BadScript, IsToldInOneLineAndChangesNothing) {
   const auto played = play(boot() + GetParam().line + "\nsettings enabled=false\n");
   EXPECT_EQ(played.status, 2);
   EXPECT_EQ(std::count(played.errors.begin(), played.errors.end(), '\n'), 1) << played.errors;
-  EXPECT_NE(played.errors.find("2"), std::string::npos) << "names the line: " << played.errors;
+  EXPECT_NE(played.errors.find('2'), std::string::npos) << "names the line: " << played.errors;
   EXPECT_NE(played.errors.find(GetParam().reason), std::string::npos) << played.errors;
   EXPECT_EQ(files(), before);
 }

@@ -50,8 +50,7 @@ const std::vector<std::string> oldTable{
     "add SBIconController muteNotifications v@:",
     "add SBIconController openApps v@:",
     "add SBIconController showLoadingView v@:",
-    "hook SBIconController "
-    "appIconForceTouchController:shouldActivateApplicationShortcutItem:atIndex:forGestureRecognizer:",
+    "hook SBIconController appIconForceTouchController:shouldActivateApplicationShortcutItem:atIndex:forGestureRecognizer:",
     "hook SBApplicationIcon displayName",
     "hook SBApplicationIcon displayNameForLocation:",
     "hook SBApplication displayName",
@@ -62,8 +61,7 @@ const std::vector<std::string> oldTable{
     "hook SBDashBoardViewController setInScreenOffMode:forAutoUnlock:fromUnlockSource:",
     "hook SBPowerDownController orderFront",
     "hook SBDashBoardNotificationDispatcher postNotificationRequest:forCoalescedNotification:",
-    "hook SBNotificationBannerDestination "
-    "_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:",
+    "hook SBNotificationBannerDestination _postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:",
     "hook SBIconView initWithContentType:",
 };
 
