@@ -165,3 +165,13 @@ TEST_F(ShortcutNew, PictureIsHandedOverAsPng) {
       std::filesystem::file_size(home.path("/Library/PreferenceBundles/SprigdialSettings.bundle/icon@3x.png"));
   EXPECT_EQ(home.screen().quickActions->entries.back().image, "PNG of " + std::to_string(size) + " bytes");
 }
+
+TEST_F(ShortcutNew, IsAbsentBeforeAnApplicationsIconWasTouched) {
+  home.settings({"useForce=true"});
+  home->forceTouch("Garden Diary");
+  const auto list = home.screen().quickActions;
+  for (const auto& entry : list ? list->entries : std::vector<sim::QuickAction>{}) EXPECT_NE(entry.title, "Sprigdial");
+  home->home();
+  home->forceTouch("com.example.notes");
+  EXPECT_EQ(home.screen().quickActions->entries.back().title, "Sprigdial");
+}

@@ -23,7 +23,7 @@ TEST_P(Swipe, MustTravelFartherThanTheThreshold) {
 TEST_P(Swipe, ThresholdIsKeptInSinglePrecision) {
   // 0.1 in single precision is a little more than in double precision.
   home.settings({"slideValue=0.1"});
-  home.swipeUp(app, 0, -0.1);
+  home.swipeUp(app, 0, -0.1000000005);
   EXPECT_FALSE(home.showsAlert());
   home.swipeUp(app, 0, -0.125);
   EXPECT_TRUE(home.showsAlert());
