@@ -101,8 +101,8 @@ HomeScreen& HomeScreen::screenOff(const ScreenMode& mode) { return act("screenOf
 HomeScreen& HomeScreen::screenOn(const ScreenMode& mode) { return act("screenOn", screenMode(mode)); }
 HomeScreen& HomeScreen::powerDown() { return act("powerDown"); }
 
-HomeScreen& HomeScreen::notify(std::string_view id, std::string_view text) {
-  return act("notify", {{"id", id}, {"text", text}});
+HomeScreen& HomeScreen::notify(std::string_view id, std::string_view text, const std::vector<std::string>& places) {
+  return act("notify", {{"id", id}, {"text", text}, {"places", places}});
 }
 
 HomeScreen& HomeScreen::startDownload(std::string_view id) { return act("download", {{"what", "start"}, {"id", id}}); }
@@ -192,7 +192,7 @@ std::vector<HomeScreen::DarwinObserver> HomeScreen::darwinObservers() {
 
 std::map<std::string, long> HomeScreen::live() { return ask("live").get<std::map<std::string, long>>(); }
 
-Json HomeScreen::ask(const std::string& verb, Json members) {
+void HomeScreen::request(const std::string& verb, Json members) {
   members["verb"] = verb;
   const std::string request = members.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
   for (std::size_t sent = 0; sent < request.size();) {
@@ -200,10 +200,20 @@ Json HomeScreen::ask(const std::string& verb, Json members) {
     if (size < 0 && errno != EINTR) died("the home screen ended before \"" + verb + "\"");
     if (size > 0) sent += static_cast<std::size_t>(size);
   }
+}
+
+Json HomeScreen::ask(const std::string& verb, Json members) {
+  request(verb, std::move(members));
   const Json answer = Json::parse(readLine(), nullptr, false);
   if (answer.is_discarded()) died("the home screen's answer to \"" + verb + "\" is not JSON");
   if (answer.contains("error")) throw BadInput(answer["error"].get<std::string>());
   return answer.value("value", Json());
+}
+
+void HomeScreen::killDuring(const std::string& verb, Json members, const std::function<void()>& moment) {
+  request(verb, std::move(members));
+  moment();
+  process_->kill();
 }
 
 std::string HomeScreen::readLine() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -90,8 +91,10 @@ class HomeScreen {
   HomeScreen& screenOn(const ScreenMode& mode = {});
   /// Brings the power-down slider up.
   HomeScreen& powerDown();
-  /// A notification of the application arrives.
-  HomeScreen& notify(std::string_view id, std::string_view text);
+  /// A notification of the application arrives, at those of the places "screen", "sound", "lock screen" and
+  /// "banner" that he lets it appear at.
+  HomeScreen& notify(std::string_view id, std::string_view text,
+                     const std::vector<std::string>& places = {"screen", "sound", "lock screen", "banner"});
   /// A downloading icon appears, is asked whether it is one, is removed by the user.
   HomeScreen& startDownload(std::string_view id);
   HomeScreen& askDownload(std::string_view id);
@@ -152,10 +155,14 @@ class HomeScreen {
 
   /// Asks the process by the protocol's words; returns the value.
   nlohmann::json ask(const std::string& verb, nlohmann::json members = nlohmann::json::object());
+  /// Asks as `ask` does and, without waiting for the answer, kills the process as soon as `moment` returns. The home
+  /// screen is gone then.
+  void killDuring(const std::string& verb, nlohmann::json members, const std::function<void()>& moment);
 
  private:
   void start();
   HomeScreen& act(const std::string& verb, nlohmann::json members = nlohmann::json::object());
+  void request(const std::string& verb, nlohmann::json members);
   std::string readLine();
   [[noreturn]] void died(const std::string& reason);
 

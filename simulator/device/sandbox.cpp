@@ -1,6 +1,7 @@
 #include "simulator/device/sandbox.hpp"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/mman.h>
@@ -99,6 +100,14 @@ pid_t spawn(const Words& words, const Environment& environment, int output, int 
   return pid;
 }
 
+/// Reads until the other end is closed, for so long.
+void drain(int socket, std::chrono::milliseconds patience) {
+  std::array<char, 4096> block;
+  pollfd waiting{socket, POLLIN, 0};
+  while (poll(&waiting, 1, static_cast<int>(patience.count())) > 0 && recv(socket, block.data(), block.size(), 0) > 0) {
+  }
+}
+
 /// Whether this machine lets a program have a namespace of its own.
 bool namespacesAllowed() {
   const int output = open("/dev/null", O_WRONLY | O_CLOEXEC);
@@ -192,6 +201,8 @@ std::optional<int> SandboxedProcess::end(std::chrono::milliseconds patience) {
 void SandboxedProcess::kill() {
   if (status_) return;
   ::kill(-pid_, SIGKILL);
+  // The process that is waited for is the sandbox's; the program's own end shows when its socket closes.
+  if (socket_ >= 0) drain(socket_, std::chrono::seconds(20));
   end(std::chrono::seconds(20));
 }
 

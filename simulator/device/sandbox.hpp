@@ -29,7 +29,7 @@ class SandboxedProcess {
   /// Closes the socket and waits for the program's end, for so long; none when it still runs. The value is the exit
   /// status, or 128 and the signal's number.
   std::optional<int> end(std::chrono::milliseconds patience);
-  /// Ends the program and what it started at once.
+  /// Ends the program and what it started at once, wherever it is; returns when it is gone.
   void kill();
   /// What the program wrote to its standard output and error.
   std::string output() const;

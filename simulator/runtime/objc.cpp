@@ -11,6 +11,10 @@ std::string text(id object) {
   return utf8 != nullptr ? utf8 : "";
 }
 
+std::optional<std::string> textOrNone(id object) {
+  return object != nullptr ? std::optional(text(object)) : std::nullopt;
+}
+
 std::vector<id> elements(id array) {
   std::vector<id> objects(send<NSUInteger>(array, "count"_sel));
   for (NSUInteger i = 0; i < objects.size(); ++i) objects[i] = send<id>(array, "objectAtIndex:"_sel, i);

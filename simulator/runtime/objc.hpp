@@ -3,6 +3,7 @@
 // messages and nothing else.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -50,6 +51,8 @@ Result sendSuper(id receiver, Class superclass, SEL selector, Arguments... argum
 id ns(const std::string& utf8);
 /// A Foundation text's characters as UTF-8; empty for nil. Anything else than a text gives its description.
 std::string text(id object);
+/// The same; none for nil.
+std::optional<std::string> textOrNone(id object);
 /// The objects of an `NSArray`; empty for nil.
 std::vector<id> elements(id array);
 /// An `NSArray` of these objects; autoreleased.

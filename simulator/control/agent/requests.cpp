@@ -101,8 +101,25 @@ json changeScreen(const json& request) {
   return {};
 }
 
+gestures::NotificationPlaces placesOf(const json& names) {
+  using Places = gestures::NotificationPlaces;
+  static const std::map<std::string, bool Places::*> known = {{"screen", &Places::screen},
+                                                              {"sound", &Places::sound},
+                                                              {"lock screen", &Places::lockScreen},
+                                                              {"banner", &Places::banner}};
+  Places places{false, false, false, false};
+  for (const json& name : names) {
+    const auto place = known.find(name.get<std::string>());
+    if (place == known.end()) throw BadRequest("A notification does not appear at \"" + name.get<std::string>() + "\"");
+    places.*place->second = true;
+  }
+  return places;
+}
+
 json notify(const json& request) {
-  gestures::notify(textOf(request, "id"), textOf(request, "text"));
+  gestures::notify(textOf(request, "id"), textOf(request, "text"),
+                   request.contains("places") ? placesOf(request["places"]) : gestures::NotificationPlaces(),
+                   valueOf(request, "modal", false));
   return {};
 }
 
@@ -173,9 +190,19 @@ json live(const json&) {
   return counts;
 }
 
-// What only the platform's own methods can have counted.
+// What only the platform's own methods can have seen.
 json platformCounts(const json&) {
-  return {{"touchesMoved", home().touchesMoved}, {"forceTouchStateAsked", home().forceTouchStateAsked}};
+  json posted = json::array();
+  for (const PostedNotification& each : home().posted)
+    posted.push_back({{"place", each.place},
+                      {"text", each.text},
+                      {"coalesced", each.coalesced},
+                      {"sourceAction", each.sourceAction},
+                      {"modal", each.modal}});
+  return {{"touchesMoved", home().touchesMoved},
+          {"forceTouchStateAsked", home().forceTouchStateAsked},
+          {"posted", posted},
+          {"completedBanners", home().completedBanners}};
 }
 
 json memory(const json&) {

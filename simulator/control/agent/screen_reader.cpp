@@ -17,10 +17,6 @@ namespace {
 
 std::string className(id object) { return object != nullptr ? class_getName(object_getClass(object)) : ""; }
 
-std::optional<std::string> textOrNone(id object) {
-  return object != nullptr ? std::optional(text(object)) : std::nullopt;
-}
-
 Frame readFrame(const CGRect& rect) { return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height}; }
 
 std::string readColor(const UIColor* color) {

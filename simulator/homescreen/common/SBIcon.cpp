@@ -3,10 +3,6 @@
 namespace sim {
 namespace {
 
-std::optional<std::string> textOrNone(id object) {
-  return object != nullptr ? std::optional(text(object)) : std::nullopt;
-}
-
 // A web page opens in an application of its own, which the device does not have.
 void launch(SBIcon* icon, NSInteger location, id context, id settings, id actions) {
   const std::string identifier = text(send<id>(icon, "applicationBundleID"_sel));

@@ -125,15 +125,18 @@ void powerDown() {
   platformActions().showPowerDown();
 }
 
-void notify(const std::string& application, const std::string& text) {
+void notify(const std::string& application, const std::string& text, const NotificationPlaces& places, bool modal) {
   if (SBApplicationController::shared()->applicationWithBundleIdentifier(ns(application)) == nullptr)
     throw BadRequest("There is no application \"" + application + "\"");
   const auto request = make<NCNotificationRequest>("NCNotificationRequest"_cls);
   request->sectionIdentifier = ns(application);
   request->text = text;
-  send(sharedInstance("SBNCScreenController"_cls), "turnOnScreenForNotificationRequest:"_sel, request.get());
-  send(sharedInstance("SBNCSoundController"_cls), "playSoundForNotificationRequest:"_sel, request.get());
-  platformActions().deliver(request);
+  if (places.screen)
+    send(sharedInstance("SBNCScreenController"_cls), "turnOnScreenForNotificationRequest:"_sel, request.get());
+  if (places.sound)
+    send(sharedInstance("SBNCSoundController"_cls), "playSoundForNotificationRequest:"_sel, request.get());
+  if (places.lockScreen) platformActions().postToLockScreen(request);
+  if (places.banner) platformActions().postBanner(request, modal);
 }
 
 void startDownload(const std::string& application) { addDownloadingIcon(application); }

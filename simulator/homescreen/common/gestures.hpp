@@ -37,8 +37,15 @@ void changeScreen(const ScreenChange& change);
 /// Holds the power button until the slider comes up.
 void powerDown();
 
+/// Where the user lets an application's notifications appear.
+struct NotificationPlaces {
+  bool screen = true;  ///< it is turned on
+  bool sound = true;
+  bool lockScreen = true;
+  bool banner = true;
+};
 /// A notification of an application arrives.
-void notify(const std::string& application, const std::string& text);
+void notify(const std::string& application, const std::string& text, const NotificationPlaces& places, bool modal);
 
 void startDownload(const std::string& application);
 /// Asks the icon whether it is downloading.

@@ -30,6 +30,13 @@ struct Launch {
   std::optional<std::string> context, settings, actions;  ///< none for nil
 };
 
+/// A notification as a method with more arguments than the request was told of it; texts, none for nil.
+struct PostedNotification {
+  std::string place, text;
+  std::optional<std::string> coalesced, sourceAction;
+  bool modal = false;
+};
+
 struct Home {
   Generation generation = Generation::old;
   bool screenOn = true;
@@ -41,8 +48,10 @@ struct Home {
   std::vector<std::string> events;
   std::vector<DeliveredNotification> banners, lockScreen;
   std::vector<Launch> launches;
-  long touchesMoved = 0;          ///< how often the platform's own method was told of a moved touch
-  long forceTouchStateAsked = 0;  ///< how often the platform's own method was asked for the list's state
+  std::vector<PostedNotification> posted;     ///< what reached the platform's own methods
+  std::vector<std::string> completedBanners;  ///< texts of the notifications whose completion was called
+  long touchesMoved = 0;                      ///< how often the platform's own method was told of a moved touch
+  long forceTouchStateAsked = 0;              ///< how often the platform's own method was asked for the list's state
 };
 
 /// The one home screen of the process.

@@ -36,8 +36,9 @@ struct PlatformActions {
   void (*closeQuickActions)();
   void (*changeScreen)(const ScreenChange& change);
   void (*showPowerDown)();
-  /// Tells the lock screen, then the banners.
-  void (*deliver)(NCNotificationRequest* request);
+  void (*postToLockScreen)(NCNotificationRequest* request);
+  /// `modal` is for the generation that knows modal notifications.
+  void (*postBanner)(NCNotificationRequest* request, bool modal);
 };
 
 /// Those of the running generation.

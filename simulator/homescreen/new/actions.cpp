@@ -38,8 +38,11 @@ void showPowerDown() {
   send(controller, "powerDownViewWillAnimateIn:"_sel, send<UIView*>(controller, "view"_sel));
 }
 
-void deliver(NCNotificationRequest* request) {
+void postToLockScreen(NCNotificationRequest* request) {
   send(sharedInstance("CSNotificationDispatcher"_cls), "postNotificationRequest:"_sel, request);
+}
+
+void postBanner(NCNotificationRequest* request, bool) {
   send(sharedInstance("SBNotificationBannerDestination"_cls), "postNotificationRequest:"_sel, request);
 }
 
@@ -53,6 +56,7 @@ const PlatformActions newActions = {defineClasses,
                                     latest::closeQuickActions,
                                     changeScreen,
                                     showPowerDown,
-                                    deliver};
+                                    postToLockScreen,
+                                    postBanner};
 
 }  // namespace sim

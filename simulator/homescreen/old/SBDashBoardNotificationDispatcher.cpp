@@ -4,8 +4,9 @@
 
 namespace sim::old {
 
-void SBDashBoardNotificationDispatcher::post(NCNotificationRequest* request, id) {
+void SBDashBoardNotificationDispatcher::post(NCNotificationRequest* request, id coalesced) {
   home().lockScreen.push_back(delivered(request));
+  home().posted.push_back({"lock screen", request->text, textOrNone(coalesced), {}, false});
 }
 
 void defineSBDashBoardNotificationDispatcher() {

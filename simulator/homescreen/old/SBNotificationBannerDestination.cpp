@@ -4,9 +4,11 @@
 
 namespace sim::old {
 
-void SBNotificationBannerDestination::post(NCNotificationRequest* request, id, BOOL, id,
+void SBNotificationBannerDestination::post(NCNotificationRequest* request, id coalesced, BOOL modal, id sourceAction,
                                            const BlockLiteral* completion) {
   home().banners.push_back(delivered(request));
+  home().posted.push_back(
+      {"banner", request->text, textOrNone(coalesced), textOrNone(sourceAction), static_cast<bool>(modal)});
   BlockRef{completion}(BOOL{true});
 }
 

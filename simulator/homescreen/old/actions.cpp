@@ -60,17 +60,24 @@ void changeScreen(const ScreenChange& change) {
 
 void showPowerDown() { send(sharedInstance("SBPowerDownController"_cls), "orderFront"_sel); }
 
-void deliver(NCNotificationRequest* request) {
+// The notifications that the request belongs together with.
+id coalesced(NCNotificationRequest* request) { return ns("notifications of " + text(request->sectionIdentifier)); }
+
+void postToLockScreen(NCNotificationRequest* request) {
   send(sharedInstance("SBDashBoardNotificationDispatcher"_cls), "postNotificationRequest:forCoalescedNotification:"_sel,
-       request, id{nullptr});
+       request, coalesced(request));
+}
+
+void postBanner(NCNotificationRequest* request, bool modal) {
   send(sharedInstance("SBNotificationBannerDestination"_cls),
-       "_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:"_sel, request, id{nullptr},
-       BOOL{false}, id{nullptr}, makeBlock<void(BOOL)>([] {}).pointer());
+       "_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:"_sel, request,
+       coalesced(request), BOOL{modal}, ns("source of " + request->text),
+       makeBlock<void(BOOL)>([text = request->text] { home().completedBanners.push_back(text); }).pointer());
 }
 
 }  // namespace
 
 const PlatformActions oldActions = {defineClasses,     menuHost,     launch,        openQuickActions, chooseQuickAction,
-                                    closeQuickActions, changeScreen, showPowerDown, deliver};
+                                    closeQuickActions, changeScreen, showPowerDown, postToLockScreen, postBanner};
 
 }  // namespace sim
