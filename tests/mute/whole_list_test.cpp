@@ -1,0 +1,62 @@
+// The list is whole at any moment, even when the power fails while it is being written.
+#include "tests/mute/muting.hpp"
+#include "tests/support/power_cut.hpp"
+
+namespace {
+
+using test::app;
+using test::Json;
+using test::record;
+
+constexpr int cuts = 50;
+
+class WholeMuteList : public test::Muting {
+ protected:
+  void SetUp() override {
+    Muting::SetUp();
+    Json many = Json::array();
+    for (int i = 0; i < 3000; ++i) many.push_back(record("com.example.application" + std::to_string(i), later + i));
+    store(many);
+    openSheet();
+    duration = test::timeOf([&] { home->tap("Forever"); });
+    with = list();
+    many.push_back(test::forever(app));
+    ASSERT_EQ(with, test::listOf(many));
+    with = bytes();
+    mute("Unmute");
+    without = bytes();
+    ASSERT_NE(with, without);
+    home->shutDown();
+  }
+
+  /// Boots on what the last cut left, asks for the other list and cuts.
+  template <class Cut>
+  void cutAgainAndAgain(Cut cut) {
+    for (int i = 0; i < cuts; ++i) {
+      sim::HomeScreen phone(home.options());
+      phone.touch(app).perform("muteNotifications");
+      cut(phone, bytes() == with ? "Unmute" : "Forever");
+      const std::string left = bytes();
+      ASSERT_TRUE(left == with || left == without) << "cut " << i << " left " << left.size() << " bytes";
+    }
+  }
+
+  std::string with, without;
+  std::chrono::microseconds duration{};
+  test::PowerCut power{file()};
+};
+
+}  // namespace
+INSTANTIATE_TEST_SUITE_P(, WholeMuteList, test::bothGenerations, test::generationName);
+
+TEST_P(WholeMuteList, WhenThePowerFailsAtAnyMomentOfAChoice) {
+  cutAgainAndAgain([&](sim::HomeScreen& phone, const std::string& title) {
+    power.duringChange(phone, "tap", {{"title", title}}, duration);
+  });
+}
+
+TEST_P(WholeMuteList, WhenThePowerFailsWhileTheFileIsWritten) {
+  cutAgainAndAgain([&](sim::HomeScreen& phone, const std::string& title) {
+    ASSERT_TRUE(power.duringWrite(phone, "tap", {{"title", title}}));
+  });
+}
