@@ -6,14 +6,21 @@
 namespace sim {
 namespace {
 
-// The property list of the file, if it is of that class; its containers are mutable, as the readers of
-// mutable collections promise.
-id contentsOf(id path, Class expected) {
+// What the bytes hold, in mutable containers, as the readers of mutable collections promise. Some damaged bytes
+// make Foundation here raise, where a phone's gives nil.
+id propertyList(id data) try {
   constexpr NSUInteger mutableContainers = 1;
+  return send<id>("NSPropertyListSerialization"_cls, "propertyListWithData:options:format:error:"_sel, data,
+                  mutableContainers, static_cast<void*>(nullptr), static_cast<void*>(nullptr));
+} catch (...) {
+  return nullptr;
+}
+
+// The property list of the file, if it is of that class.
+id contentsOf(id path, Class expected) {
   id data = send<id>("NSData"_cls, "dataWithContentsOfFile:"_sel, path);
   if (send<NSUInteger>(data, "length"_sel) == 0) return nullptr;
-  id list = send<id>("NSPropertyListSerialization"_cls, "propertyListWithData:options:format:error:"_sel, data,
-                     mutableContainers, static_cast<void*>(nullptr), static_cast<void*>(nullptr));
+  id list = propertyList(data);
   return isKind(list, expected) ? list : nullptr;
 }
 
