@@ -159,3 +159,22 @@ TEST_P(DamagedMuteList, ManyRecordsAreNoTrouble) {
   EXPECT_EQ(reached(), everyPlace);
   EXPECT_EQ(list(), listOf(kept));
 }
+
+TEST_P(DamagedMuteList, AFileThatBrokeOffOrRottedBringsNothingDown) {
+  const sim::PropertyList whole(Json{{"entries", {forever(other), record(app, later), record("é", 5)}}});
+  for (const auto format : {sim::PropertyList::Format::xml, sim::PropertyList::Format::binary}) {
+    whole.write(file(), format);
+    const std::string content = bytes();
+    for (std::size_t at = 0; at < content.size(); at += 17) {
+      std::string rotten = content;
+      rotten[at] = static_cast<char>(rotten[at] ^ 0x0f);
+      for (const std::string& damaged : {content.substr(0, at), rotten}) {
+        sim::writeFile(file(), damaged);
+        home->respring();
+        openSheet();
+        home->tap("Cancel");
+        reached();
+      }
+    }
+  }
+}

@@ -28,7 +28,7 @@ class PowerCut {
   void removeLeftovers() const;
 
   std::filesystem::path file_;
-  std::mt19937 random_{std::random_device{}()};  // NOLINT(cert-msc32-c,cert-msc51-cpp)
+  std::mt19937 random_{std::random_device{}()};
 };
 
 /// How long something takes.
