@@ -14,6 +14,9 @@ NSString* archiveOf(UIAlertAction* button) {
   return button->title()->replacing(":"_ns, "_"_ns)->replacing(" "_ns, "."_ns);
 }
 
+// A name of one or two blanks becomes one of these: the backup folder itself, and the folder of all backups.
+bool isFolder(NSString* archive) { return archive->isEqualToString("."_ns) || archive->isEqualToString(".."_ns); }
+
 // Offers the archives of `folder`, latest name first.
 template <class Choose>
 void offer(NSArray* archives, Choose choose) {
@@ -57,8 +60,10 @@ void deleteBackUp(MenuHost* host, SEL) {
   NSArray* archives = NSFileManager::defaultManager()->contentsOfDirectory(folder);
   if (archives->count() == 0) return tellThatThereIsNone();
   offer(archives, [host, folder](UIAlertAction* button) {
-    NSString* archive = folder->appending("/"_ns)->appending(archiveOf(button));
-    if (NSFileManager::defaultManager()->removeItem(archive)) send(host, "deleteBackUpSucces"_sel);
+    NSString* archive = archiveOf(button);
+    if (isFolder(archive)) return;
+    NSString* path = folder->appending("/"_ns)->appending(archive);
+    if (NSFileManager::defaultManager()->removeItem(path)) send(host, "deleteBackUpSucces"_sel);
   });
 }
 

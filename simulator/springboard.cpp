@@ -48,7 +48,7 @@ double number(const char* text) {
 
 sim::Generation generation(const std::string& name) {
   if (name == "old") return sim::Generation::old;
-  if (name == "new") return sim::Generation::latest;
+  if (name == "new") return sim::Generation::recent;
   throw std::invalid_argument("\"" + name + "\" is no generation: say \"old\" or \"new\"");
 }
 

@@ -50,7 +50,7 @@ void HomeScreen::start() {
   if (options_.tablet) command.emplace_back("--tablet");
   if (options_.clock) command.insert(command.end(), {"--clock", number(*options_.clock)});
   if (options_.live) command.emplace_back("--live");
-  if (options_.withLibrary) command.insert(command.end(), {"--library", "/run/simulator/Sprigdial.so"});
+  if (!options_.library.empty()) command.insert(command.end(), {"--library", options_.library});
   std::map<std::string, std::string> environment = options_.environment;
   // Foundation looks at the machine's own time zone before it looks at TZ.
   if (options_.timeZone) environment["GNUSTEP_TZ"] = environment["TZ"] = *options_.timeZone;
@@ -91,6 +91,7 @@ HomeScreen& HomeScreen::swipeDown(std::string_view id) { return swipe(id, {{0, 2
 HomeScreen& HomeScreen::forceTouch(std::string_view id) { return act("forceTouch", {{"id", id}}); }
 HomeScreen& HomeScreen::choose(std::string_view title) { return act("choose", {{"title", title}}); }
 HomeScreen& HomeScreen::tap(std::string_view title) { return act("tap", {{"title", title}}); }
+HomeScreen& HomeScreen::tapAndGoOn(std::string_view title) { return act("tap", {{"title", title}, {"goOn", true}}); }
 HomeScreen& HomeScreen::type(std::string_view text) { return act("type", {{"text", text}}); }
 HomeScreen& HomeScreen::launch(std::string_view id) { return act("launch", {{"id", id}}); }
 HomeScreen& HomeScreen::home() { return act("home"); }
@@ -207,6 +208,7 @@ Json HomeScreen::ask(const std::string& verb, Json members) {
   const Json answer = Json::parse(readLine(), nullptr, false);
   if (answer.is_discarded()) died("the home screen's answer to \"" + verb + "\" is not JSON");
   if (answer.contains("error")) throw BadInput(answer["error"].get<std::string>());
+  seconds_ = answer.value("seconds", 0.0);
   return answer.value("value", Json());
 }
 

@@ -40,7 +40,7 @@ class HomeScreen {
     std::optional<double> clock;                      ///< seconds since 1970; without it the clock starts now
     std::optional<std::string> timeZone;              ///< such as "Europe/Rome"; without it this process's own
     bool live = false;                                ///< the clock runs by itself
-    bool withLibrary = true;                          ///< the add-on is mapped
+    std::string library = "/run/simulator/Sprigdial.so";  ///< the add-on, by its path on the device; "" for none
     std::map<std::string, std::string> environment;   ///< of the process, besides the usual
   };
 
@@ -72,6 +72,9 @@ class HomeScreen {
   HomeScreen& choose(std::string_view title);
   /// Taps a button of the topmost window's sheet or alert.
   HomeScreen& tap(std::string_view title);
+  /// The same, but goes on when the tap starts a program that the home screen then waits for. Until the program's
+  /// end the screen can be looked at; whatever else is done waits for it.
+  HomeScreen& tapAndGoOn(std::string_view title);
   /// Replaces the text of the topmost alert's first text field.
   HomeScreen& type(std::string_view text);
   /// Taps the icon: the application opens.
@@ -158,6 +161,8 @@ class HomeScreen {
   /// Asks as `ask` does and, without waiting for the answer, kills the process as soon as `moment` returns. The home
   /// screen is gone then.
   void killDuring(const std::string& verb, nlohmann::json members, const std::function<void()>& moment);
+  /// How long the process took for what it was asked last.
+  double seconds() const { return seconds_; }
 
  private:
   void start();
@@ -170,6 +175,7 @@ class HomeScreen {
   Device device_;
   std::unique_ptr<SandboxedProcess> process_;
   std::string unread_;
+  double seconds_ = 0;
 };
 
 }  // namespace sim

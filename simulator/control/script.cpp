@@ -123,7 +123,13 @@ struct Verbs {
 
   static void forceTouch(Session& session, const Words& words) { session.home().forceTouch(words[0]); }
   static void choose(Session& session, const Words& words) { session.home().choose(words[0]); }
-  static void tap(Session& session, const Words& words) { session.home().tap(words[0]); }
+
+  static void tap(Session& session, const Words& words) {
+    if (words.size() == 1) session.home().tap(words[0]);
+    else if (words[1] == "--go-on") session.home().tapAndGoOn(words[0]);
+    else throw BadInput("unknown option: " + words[1]);
+  }
+
   static void type(Session& session, const Words& words) { session.home().type(words[0]); }
   static void launch(Session& session, const Words& words) { session.home().launch(words[0]); }
   static void pressHome(Session& session, const Words&) { session.home().home(); }
@@ -246,7 +252,8 @@ const std::vector<Verbs::Verb>& Verbs::table() {
       {"swipe", "up|down ID [DX DY ...]", "drags a finger on an icon, one touch sample for each DX DY", 2, any, swipe},
       {"force-touch", "ID", "opens an icon's quick-action list", 1, 1, forceTouch},
       {"choose", "TITLE", "chooses a quick action", 1, 1, choose},
-      {"tap", "TITLE", "taps a button of the sheet or alert", 1, 1, tap},
+      {"tap", "TITLE [--go-on]", "taps a button of the sheet or alert; --go-on waits for no program it starts", 1, 2,
+       tap},
       {"type", "TEXT", "types into the alert's text field", 1, 1, type},
       {"launch", "ID", "taps an icon", 1, 1, launch},
       {"home", "", "presses the home button", 0, 0, pressHome},

@@ -9,5 +9,7 @@ namespace sim {
 /// returns. What it hooks and adds meanwhile is in the call log. Throws `std::runtime_error` when it cannot
 /// be mapped.
 void mapLibrary(const std::string& path);
+/// How long that took; 0 before.
+double mappingSeconds();
 
 }  // namespace sim

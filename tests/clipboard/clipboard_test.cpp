@@ -1,4 +1,4 @@
-// Copying bundle identifiers and URL schemes; opening folders in the file manager; opening the application.
+// Copying bundle identifiers and URL schemes.
 #include "tests/support/home.hpp"
 
 namespace {
@@ -20,12 +20,8 @@ class Clipboard : public test::Generations {
     EXPECT_EQ(home.alert().buttons[0].style, "cancel");
   }
 };
-class FileManager : public test::Generations {};
-class OpenApp : public test::Generations {};
 }  // namespace
 INSTANTIATE_TEST_SUITE_P(, Clipboard, test::bothGenerations, test::generationName);
-INSTANTIATE_TEST_SUITE_P(, FileManager, test::bothGenerations, test::generationName);
-INSTANTIATE_TEST_SUITE_P(, OpenApp, test::bothGenerations, test::generationName);
 
 TEST_P(Clipboard, TakesTheBundleIdentifierSilently) {
   home.install({});
@@ -77,72 +73,62 @@ TEST_P(Clipboard, SchemesOfAnotherKindAreLeftOut) {
   EXPECT_EQ(home->pasteboard()->text, "Unknown Scheme: ok:// \n");
 }
 
-TEST_P(FileManager, OpensTheBundlesPropertyList) {
-  home.install({});
-  const auto bundle = home.device().application(app)->bundle.string();
+TEST_P(Clipboard, TakesWhatIsCurrentWhenTapped) {
+  home.install({.info = {{"CFBundleURLTypes", {{{"CFBundleURLSchemes", {"mine"}}}}}}});
   home.openMenu();
-  home->tap("Open in Filza [App]");
-  ASSERT_EQ(home->urls().size(), 1U);
-  EXPECT_EQ(home->urls()[0].url, "filza:/" + bundle + "/Info.plist");
-  EXPECT_TRUE(home->urls()[0].opened);
-  EXPECT_TRUE(home.screen().windows.empty());
+  home->touch("com.example.notes");
+  home->tap("Copy BundleID");
+  EXPECT_EQ(home->pasteboard()->text, "com.example.notes");
+  home->advance(1);
+  home.openMenu("com.example.notes");
+  home->touch(app);
+  home->tap("Copy URL Schemes");
+  EXPECT_EQ(home->pasteboard()->text, "Unknown Scheme: mine:// \n");
 }
 
-TEST_P(FileManager, OpensTheBundleFolderWithoutOne) {
-  home.install({});
-  const auto bundle = home.device().application(app)->bundle.string();
-  home.swipeUp(app, 0, -0.5);
-  std::filesystem::remove(home.path(bundle) / "Info.plist");
-  home->perform("openInFilzaApp");
-  EXPECT_EQ(home->urls()[0].url, "filza:/" + bundle + (isOld() ? "" : "/"));
-}
-
-TEST_P(FileManager, OpensTheDocumentsFolderThereOrNot) {
-  home.install({});
-  std::filesystem::remove_all(home.container(app) / "Documents");
+TEST_P(Clipboard, ANewCopyReplacesTheOldOne) {
+  copySchemes({{{"CFBundleURLSchemes", {"abc"}}}});
+  home->advance(1);
   home.openMenu();
-  home->tap("Open in Filza [Data]");
-  EXPECT_EQ(home->urls()[0].url, "filza:/" + home.device().application(app)->data.string() + "/Documents");
+  home->tap("Copy BundleID");
+  EXPECT_EQ(home->pasteboard()->text, app);
 }
 
-TEST_P(FileManager, NotInstalledTheRequestFails) {
-  home.install({});
-  home.removeFileManager();
-  home.swipeUp(app, 0, -0.5);
-  home->perform("openInFilzaData");
-  EXPECT_FALSE(home->urls()[0].opened);
-}
-
-TEST_P(OpenApp, LaunchesWithNothingBeforeTheFirstLaunch) {
+TEST_P(Clipboard, AnUnreadablePropertyListIsNotFound) {
   home.install({});
   home.openMenu();
-  home->tap("Open App");
-  EXPECT_EQ(home.screen().frontmost, app);
-  const auto launches = home->launches();
-  ASSERT_EQ(launches.size(), 1U);
-  EXPECT_EQ(launches[0].id, app);
-  EXPECT_EQ(launches[0].location, "0");
-  EXPECT_FALSE(launches[0].context);
-  EXPECT_FALSE(launches[0].settings);
-  EXPECT_FALSE(launches[0].actions);
+  sim::writeFile(home.bundle(app) / "Info.plist", "nonsense");
+  home->tap("Copy URL Schemes");
+  expectNotFound();
+  EXPECT_FALSE(home->pasteboard());
 }
 
-TEST_P(OpenApp, LaunchesAsTheLastIconWasLaunched) {
+TEST_P(Clipboard, AnApplicationThatWentIsNotFound) {
   home.install({});
-  home->launch("com.example.notes");
-  home->home();
   home.openMenu();
-  home->tap("Open App");
-  const auto launches = home->launches();
-  ASSERT_EQ(launches.size(), 2U);
-  EXPECT_EQ(launches[1].id, app);
-  EXPECT_TRUE(launches[1].context);
-  EXPECT_EQ(launches[1].context, launches[0].context);
-  EXPECT_EQ(launches[1].settings, launches[0].settings);
-  EXPECT_EQ(launches[1].actions, launches[0].actions);
+  std::filesystem::remove_all(home.bundle(app).parent_path());
+  home->rescan();
+  home->tap("Copy URL Schemes");
+  expectNotFound();
+  EXPECT_FALSE(home->pasteboard());
 }
 
-TEST_P(OpenApp, WithoutACurrentApplicationDoesNothing) {
-  home->perform("openApps");
-  EXPECT_TRUE(home->launches().empty());
+// The path is taken as the location spells it.
+TEST_P(Clipboard, ABlankInTheBundlePathHidesTheSchemes) {
+  home.install({.info = {{"CFBundleURLTypes", {{{"CFBundleURLSchemes", {"abc"}}}}}}, .folder = "Te st.app"});
+  home.openMenu();
+  home->tap("Copy URL Schemes");
+  expectNotFound();
+}
+
+TEST_P(Clipboard, NeitherCopyChangesAFile) {
+  home.install({.info = {{"CFBundleURLTypes", {{{"CFBundleURLSchemes", {"abc"}}}}}}});
+  home.screen();  // starting up makes a file of its own
+  const auto before = test::filesBelow(home.device().root() / "var");
+  for (const auto* entry : {"Copy BundleID", "Copy URL Schemes"}) {
+    home.openMenu();
+    home->tap(entry);
+    home->advance(1);
+  }
+  EXPECT_EQ(test::filesBelow(home.device().root() / "var"), before);
 }

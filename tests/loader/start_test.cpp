@@ -153,7 +153,7 @@ TEST_P(Start, WorksWhereTheMuteListCannotBeMade) {
 }
 
 TEST_P(Start, WithoutTheLibraryTheHomeScreenWorksToo) {
-  home.options().withLibrary = false;
+  home.options().library = "";
   home.swipeUp("com.example.notes");
   EXPECT_FALSE(home.showsAlert());
   EXPECT_TRUE(home->calls().empty());

@@ -7,13 +7,16 @@
 #include <cerrno>
 #include <climits>
 #include <exception>
+#include <optional>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include "simulator/control/agent/requests.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/runtime/main_queue.hpp"
 #include "simulator/runtime/objc.hpp"
+#include "simulator/runtime/waiting.hpp"
 
 namespace sim {
 namespace {
@@ -42,40 +45,101 @@ class LiveClock {
   std::int64_t last_ = clock::realTime();
 };
 
-void write(int socket, const std::string& text) {
-  for (std::size_t written = 0; written < text.size();) {
-    const ssize_t size = ::write(socket, text.data() + written, text.size() - written);
-    if (size < 0 && errno != EINTR) throw std::system_error(errno, std::generic_category(), "answering the driver");
-    if (size > 0) written += static_cast<std::size_t>(size);
-  }
-}
+/// The requests of the driver, and the answers to them.
+class Conversation {
+ public:
+  explicit Conversation(int socket) : socket_(socket) {}
 
-json answerTo(const std::string& line) {
-  const json request = json::parse(line, nullptr, false);
-  if (!request.is_object()) return {{"error", "The request is no JSON object"}};
-  try {
-    json value = perform(request);
-    runDueWork();
-    return {{"value", std::move(value)}};
-  } catch (const std::exception& error) {
-    return {{"error", error.what()}};
+  /// Takes what the driver has sent; NO when it has gone.
+  bool receive() {
+    char block[65536];
+    ssize_t size = 0;
+    while ((size = read(socket_, block, sizeof block)) < 0 && errno == EINTR) continue;
+    if (size > 0) received_.append(block, static_cast<std::size_t>(size));
+    return size > 0;
   }
-}
 
-// Answers the whole lines and leaves the rest.
-void answerLines(int socket, std::string& received) {
-  for (std::size_t end; (end = received.find('\n')) != std::string::npos; received.erase(0, end + 1)) {
-    const AutoreleasePool pool;
-    const json answer = answerTo(received.substr(0, end));
-    write(socket, answer.dump(-1, ' ', false, json::error_handler_t::replace) + "\n");
+  /// Answers the whole lines and leaves the rest.
+  void answerAll() {
+    while (const auto line = nextLine()) {
+      const AutoreleasePool pool;
+      const json request = take(*line);
+      goesOn_ = request.is_object() && request.value("goOn", json()) == true;
+      const json answer = answerTo(request);
+      if (!std::exchange(answered_, false)) write(answer);
+    }
   }
-}
+
+  /// Waits for a program. A driver that does not wait too gets the answer to its request at once, and may look at
+  /// the screen meanwhile; whatever else it asks for has to wait.
+  void waitFor(int program) {
+    if (goesOn_ && !std::exchange(answered_, true)) write({{"value", nullptr}, {"seconds", 0}});
+    bool listens = answered_;
+    while (true) {
+      pollfd waiting[] = {{program, POLLIN, 0}, {listens ? socket_ : -1, POLLIN, 0}};
+      if (poll(waiting, 2, -1) <= 0) continue;
+      if (waiting[0].revents != 0) return;
+      listens = receive() && answerLooks();
+    }
+  }
+
+ private:
+  std::optional<std::size_t> nextLine() const {
+    const std::size_t end = received_.find('\n');
+    return end != std::string::npos ? std::optional(end) : std::nullopt;
+  }
+
+  json take(std::size_t end) {
+    json request = json::parse(received_.substr(0, end), nullptr, false);
+    received_.erase(0, end + 1);
+    return request;
+  }
+
+  // Answers the looks at the screen that come first; NO when something else has come.
+  bool answerLooks() {
+    while (const auto line = nextLine()) {
+      const json request = json::parse(received_.substr(0, *line), nullptr, false);
+      if (!request.is_object() || request.value("verb", json()) != "screen") return false;
+      const AutoreleasePool pool;
+      write({{"value", perform(take(*line))}, {"seconds", 0}});
+    }
+    return true;
+  }
+
+  static json answerTo(const json& request) {
+    if (!request.is_object()) return {{"error", "The request is no JSON object"}};
+    try {
+      const std::int64_t start = clock::realTime();
+      json value = perform(request);
+      const double seconds = static_cast<double>(clock::realTime() - start) / 1e9;
+      runDueWork();
+      return {{"value", std::move(value)}, {"seconds", seconds}};
+    } catch (const std::exception& error) {
+      return {{"error", error.what()}};
+    }
+  }
+
+  void write(const json& answer) const {
+    const std::string text = answer.dump(-1, ' ', false, json::error_handler_t::replace) + "\n";
+    for (std::size_t written = 0; written < text.size();) {
+      const ssize_t size = ::write(socket_, text.data() + written, text.size() - written);
+      if (size < 0 && errno != EINTR) throw std::system_error(errno, std::generic_category(), "answering the driver");
+      if (size > 0) written += static_cast<std::size_t>(size);
+    }
+  }
+
+  int socket_;
+  std::string received_;
+  bool goesOn_ = false;    // the driver goes on as soon as its request waits for a program
+  bool answered_ = false;  // the request being performed has its answer
+};
 
 }  // namespace
 
 void serve(int socket, bool liveClock) {
   LiveClock realTime;
-  std::string received;
+  Conversation conversation(socket);
+  setWaiting([&](int program) { conversation.waitFor(program); });
   while (true) {
     pollfd waiting{socket, POLLIN, 0};
     int ready = 0;
@@ -85,12 +149,8 @@ void serve(int socket, bool liveClock) {
       if (liveClock) realTime.catchUp();
     }
     if (ready <= 0) continue;
-    char block[65536];
-    const ssize_t size = read(socket, block, sizeof block);
-    if (size < 0 && errno == EINTR) continue;
-    if (size <= 0) return;
-    received.append(block, static_cast<std::size_t>(size));
-    answerLines(socket, received);
+    if (!conversation.receive()) return;
+    conversation.answerAll();
   }
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <map>
 
+#include "simulator/control/agent/measure.hpp"
 #include "simulator/control/agent/screen_reader.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/frameworks/core_foundation/darwin_notifications.hpp"
@@ -233,31 +234,6 @@ json performSelector(const json& request) {
   return {};
 }
 
-constexpr double nanosecondsPerSecond = 1e9;
-
-json timed(const json& request) {
-  const std::int64_t start = clock::realTime();
-  performSelector(request);
-  return static_cast<double>(clock::realTime() - start) / nanosecondsPerSecond;
-}
-
-// Every file of a folder asked for its size, through the calls that the add-on has for it.
-json walk(const json& request) {
-  const std::int64_t start = clock::realTime();
-  AutoreleasePool pool;
-  id folder = ns(textOf(request, "path"));
-  id files = send<id>("NSFileManager"_cls, "defaultManager"_sel);
-  id names = send<id>(files, "subpathsOfDirectoryAtPath:error:"_sel, folder, static_cast<void*>(nullptr));
-  const auto count = send<NSUInteger>(names, "count"_sel);
-  for (NSUInteger i = 0; i < count; ++i) {
-    AutoreleasePool each;
-    id path = send<id>(folder, "stringByAppendingPathComponent:"_sel, send<id>(names, "objectAtIndex:"_sel, i));
-    id attributes = send<id>(files, "attributesOfItemAtPath:error:"_sel, path, static_cast<void*>(nullptr));
-    send<std::uint64_t>(attributes, "fileSize"_sel);
-  }
-  return static_cast<double>(clock::realTime() - start) / nanosecondsPerSecond;
-}
-
 json address(const void* pointer) {
   return pointer != nullptr ? json(reinterpret_cast<std::uintptr_t>(pointer)) : json();
 }
@@ -302,8 +278,7 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"platform", platformCounts},
     {"memory", memory},
     {"perform", performSelector},
-    {"time", timed},
-    {"walk", walk},
+    {"measure", measure},
     {"darwinObservers", observers},
 };
 

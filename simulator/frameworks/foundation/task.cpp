@@ -1,21 +1,27 @@
 #include "simulator/frameworks/foundation/task.hpp"
 
-#include <sys/wait.h>
-
-#include <cerrno>
+#include <unistd.h>
 
 #include "simulator/runtime/encoding.hpp"
 #include "simulator/runtime/objc.hpp"
+#include "simulator/runtime/waiting.hpp"
+
+// The C library's header says nothing of C++.
+extern "C" {
+#include <sys/pidfd.h>
+}
 
 namespace sim {
 namespace {
 
 void waitUntilExit(id self, SEL) {
   const int pid = send<int>(self, "processIdentifier"_sel);
-  // The program stays to be collected: asking whether it runs does that.
-  siginfo_t info{};
+  // Asking whether the program runs also collects it.
   while (send<BOOL>(self, "isRunning"_sel)) {
-    if (waitid(P_PID, static_cast<id_t>(pid), &info, WEXITED | WNOWAIT) != 0 && errno != EINTR) return;
+    const int program = pidfd_open(pid, 0);
+    if (program < 0) return;
+    waitUntilReadable(program);
+    close(program);
   }
 }
 

@@ -10,7 +10,7 @@
 
 namespace sim {
 
-enum class Generation { old, latest };
+enum class Generation { old, recent };
 
 /// A person asked for something that the home screen does not have. Nothing has changed.
 struct BadRequest : std::runtime_error {
