@@ -1,8 +1,16 @@
-// Each figure of the add-on as a ratio to the platform's own floor, both measured in the same process.
+// Each figure of the add-on as a ratio to the platform's own floor: the same Foundation or runtime calls, made
+// without it in a home-screen process of the same kind.
+#include <elf.h>
+#include <fcntl.h>
+#include <sys/wait.h>
+
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <functional>
+#include <limits>
+#include <random>
 #include <string>
 
 #include "simulator/control/home_screen.hpp"
@@ -11,55 +19,304 @@
 namespace {
 
 namespace fs = std::filesystem;
+using nlohmann::json;
 constexpr const char* app = "com.example.notes";
+constexpr const char* settingsFile = "/var/mobile/Library/Preferences/com.morvanel.sprigdial.plist";
+constexpr const char* muteList = "/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist";
 
-double best(int runs, const std::function<double()>& measure) {
-  double least = measure();
-  for (int run = 1; run < runs; ++run) least = std::min(least, measure());
-  return least;
-}
+/// A home screen on a device of its own.
+class Bench {
+ public:
+  explicit Bench(sim::HomeScreen::Options options = {}) : home_(prepared(std::move(options), folder_.path())) {}
 
-void report(const std::string& what, double seconds, double floor, double goal) {
-  std::printf("%-44s %8.1f ms  floor %8.1f ms  ratio %.3f  (goal %.2f)\n", what.c_str(), seconds * 1e3, floor * 1e3,
-              seconds / floor, goal);
-}
-
-void fillCaches(const fs::path& caches, int count) {
-  std::fprintf(stderr, "making %d cache files ", count);
-  for (int i = 0; i < count; ++i) {
-    const fs::path folder = caches / std::to_string(i / 1000);
-    if (i % 1000 == 0) fs::create_directories(folder);
-    std::ofstream(folder / std::to_string(i)) << i;
-    if (i % (count / 10) == 0) std::fprintf(stderr, ".");
+  sim::HomeScreen* operator->() { return &home_; }
+  fs::path onThisPC(const fs::path& path) { return home_.device().resolve(path.string()); }
+  fs::path container() { return home_.device().application(app)->data; }
+  void measure(const char* what, json members = json::object()) {
+    members["what"] = what;
+    home_.ask("measure", members);
   }
-  std::fprintf(stderr, "\n");
+
+ private:
+  static sim::HomeScreen::Options prepared(sim::HomeScreen::Options options, const fs::path& folder) {
+    options.device = folder / "device";
+    return options;
+  }
+  sim::TemporaryFolder folder_;
+  sim::HomeScreen home_;
+};
+
+/// The least seconds of several runs of two things, taken in turns so that both meet the same machine.
+struct Least {
+  double figure = std::numeric_limits<double>::infinity();
+  double floor = std::numeric_limits<double>::infinity();
+};
+Least least(int runs, const std::function<double()>& figure, const std::function<double()>& floor) {
+  Least both;
+  for (int run = 0; run < runs; ++run) {
+    both.floor = std::min(both.floor, floor());
+    both.figure = std::min(both.figure, figure());
+    std::fprintf(stderr, ".");
+  }
+  std::fprintf(stderr, "\r%*s\r", runs, "");
+  return both;
 }
 
-// The menu of an application with many cache files, against the same walk through the same Foundation calls.
-void menuOfALargeCache(int files) {
-  const sim::TemporaryFolder folder;
-  sim::HomeScreen::Options options;
-  options.device = folder.path() / "device";
-  sim::HomeScreen home(options);
-  const auto container = home.device().application(app)->data;
-  fillCaches(home.device().resolve(container / "Library/Caches"), files);
-  home.touch(app);
-  const auto walk = [&] { return home.ask("walk", {{"path", (container / "Library/Caches").string()}}).get<double>(); };
+std::string shown(double seconds) {
+  struct Unit {
+    double size;
+    const char* name;
+  };
+  for (const auto& [size, name] : {Unit{1, "s"}, Unit{1e-3, "ms"}, Unit{1e-6, "µs"}}) {
+    if (seconds < size) continue;
+    char text[32];
+    std::snprintf(text, sizeof text, "%7.2f %-2s", seconds / size, name);
+    return std::string(text) + (name[0] == 's' ? "" : "");
+  }
+  char text[32];
+  std::snprintf(text, sizeof text, "%7.2f ns", seconds * 1e9);
+  return text;
+}
+
+void report(const std::string& what, const Least& both, const std::string& goal) {
+  std::printf("%-44s %s   floor %s   ratio %.3f%s\n", what.c_str(), shown(both.figure).c_str(),
+              shown(both.floor).c_str(), both.figure / both.floor, goal.empty() ? "" : ("   goal " + goal).c_str());
+  std::fflush(stdout);
+}
+
+void fill(const fs::path& folder, int count) {
+  for (int i = 0; i < count; ++i) {
+    const fs::path place = folder / std::to_string(i / 1000);
+    if (i % 1000 == 0) fs::create_directories(place);
+    std::ofstream(place / std::to_string(i)) << i;
+  }
+}
+
+// The menu of an application with many cache files, against the same walk through them.
+void menuOfALargeCache(int count) {
+  Bench bench;
+  const fs::path caches = bench.container() / "Library/Caches";
+  fill(bench.onThisPC(caches), count);
+  bench->touch(app);
+  const auto walk = [&] {
+    bench.measure("walk", {{"path", caches}});
+    return bench->seconds();
+  };
   const auto menu = [&] {
-    const double seconds = home.ask("time", {{"selector", "showAlertView"}}).get<double>();
-    home.tap("Cancel").advance(1);
+    bench->perform("showAlertView");
+    const double seconds = bench->seconds();
+    bench->tap("Cancel").advance(1);
     return seconds;
   };
   walk();  // the file system's own caches are warm for both
-  constexpr int runs = 5;
-  const double floor = best(runs, walk);
-  report("menu of " + std::to_string(files) + " cache files / the walk alone", best(runs, menu), floor, 1.1);
+  report("menu of " + std::to_string(count) + " cache files", least(5, menu, walk), "1.10");
+}
+
+// Clearing that many files directly in the caches folder, against the same calls.
+void clearingCaches(int count) {
+  Bench bench;
+  const fs::path caches = bench.container() / "Library/Caches";
+  const auto fillAgain = [&] {
+    fs::remove_all(bench.onThisPC(caches));
+    fs::create_directories(bench.onThisPC(caches));
+    for (int i = 0; i < count; ++i) std::ofstream(bench.onThisPC(caches) / std::to_string(i)) << i;
+  };
+  bench->touch(app);
+  const auto empty = [&] {
+    fillAgain();
+    bench.measure("empty", {{"path", caches}});
+    return bench->seconds();
+  };
+  const auto clear = [&] {
+    fillAgain();
+    bench->perform("clearCaches").tap("YES");
+    const double seconds = bench->seconds();
+    bench->tap("OK");
+    return seconds;
+  };
+  report("clearing " + std::to_string(count) + " cache files", least(3, clear, empty), "1.05");
+}
+
+void fillDocuments(const fs::path& folder, int megabytes) {
+  std::mt19937_64 random(1);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same bytes each time
+  for (int i = 0; i < megabytes * 2; ++i) {
+    std::string content(1 << 19, '\0');
+    // A quarter of it does not compress.
+    for (std::size_t at = 0; at < content.size(); at += 32) {
+      const auto bits = random();
+      std::memcpy(content.data() + at, &bits, sizeof bits);
+    }
+    sim::writeFile(folder / std::to_string(i), content);
+  }
+}
+
+// A backup and a restore of a large container, against the bare archiver.
+void archiving(int megabytes) {
+  constexpr int runs = 3;
+  Bench bench;
+  const fs::path container = bench.container();
+  const fs::path store = fs::path("/var/mobile/Documents/Sprigdial") / app;
+  const std::string archiver = "/usr/bin/tar";
+  fillDocuments(bench.onThisPC(container / "Documents"), megabytes);
+  fs::create_directories(bench.onThisPC(store));
+  bench->touch(app);
+  // What is still on its way to the disk is no part of the next run.
+  const auto settle = [] { sync(); };
+  const auto backUp = [&] {
+    settle();
+    bench->perform("backUpData");
+    const double seconds = bench->seconds();
+    bench->tap("OK").advance(1);
+    return seconds;
+  };
+  const auto archive = [&] {
+    settle();
+    bench.measure("run", {{"folder", store}, {"command", {archiver, "cfz", "0000-bare", container}}});
+    return bench->seconds();
+  };
+  const std::string size = " of " + std::to_string(megabytes) + " MB";
+  report("backup" + size, least(runs, backUp, archive), "1.02");
+
+  const auto restore = [&] {
+    settle();
+    bench->perform("restoreData").tap("0000-bare");
+    const double seconds = bench->seconds();
+    bench->tap("OK");
+    return seconds;
+  };
+  const auto unpack = [&] {
+    settle();
+    bench.measure("remove", {{"path", container}});
+    const double removing = bench->seconds();
+    bench.measure("run", {{"folder", store}, {"command", {archiver, "xfz", "0000-bare", "-C", "/"}}});
+    return removing + bench->seconds();
+  };
+  report("restore" + size, least(runs, restore, unpack), "1.02");
+}
+
+// One test whether an application is muted, against walking and writing the same list.
+void muted(int records) {
+  Bench bench;
+  nlohmann::ordered_json entries = nlohmann::ordered_json::array();
+  for (int i = 0; i < records; ++i)
+    entries.push_back({{"id", "com.example.app" + std::to_string(i)}, {"timeStamp", 2'000'000'000.5}});
+  sim::PropertyList({{"entries", entries}}).write(bench.onThisPC(muteList));
+  bench->respring();
+  const int times = std::max(5, 3000 / records);
+  const auto test = [&] {
+    bench.measure("sound", {{"id", app}, {"times", times}});
+    return bench->seconds() / times;
+  };
+  const auto rewrite = [&] {
+    bench.measure("rewriteList", {{"id", app},
+                                  {"times", times},
+                                  {"path", muteList},
+                                  {"to",
+                                   "/var/mobile/Library/"
+                                   "Preferences/copy.plist"}});
+    return bench->seconds() / times;
+  };
+  report("is-muted test, " + std::to_string(records) + " records", least(9, test, rewrite), "1.05");
+}
+
+// An icon asked for its name, against reading the same file for one value.
+void names(int stored) {
+  Bench bench;
+  nlohmann::ordered_json settings = nlohmann::ordered_json::object();
+  settings["enabled"] = true;
+  for (int i = 0; i < stored; ++i) settings["com.example.app" + std::to_string(i)] = "Name " + std::to_string(i);
+  sim::PropertyList(settings).write(bench.onThisPC(settingsFile));
+  const int times = std::max(20, 20000 / (stored + 10));
+  const auto ask = [&] {
+    bench.measure("iconName", {{"id", app}, {"times", times}});
+    return bench->seconds() / times;
+  };
+  const auto read = [&] {
+    bench.measure("readValue", {{"path", settingsFile}, {"id", app}, {"times", times}});
+    return bench->seconds() / times;
+  };
+  report("displayName, " + std::to_string(stored) + " stored names", least(9, ask, read), "1.05");
+}
+
+// An icon view laid out with the add-on in the process, against one without.
+void layout() {
+  constexpr int times = 20'000'000;
+  Bench hooked;
+  Bench bare({.library = ""});
+  const auto layOut = [&](Bench& bench) {
+    return [&] {
+      bench.measure("layOut", {{"id", app}, {"times", times}});
+      return bench->seconds() / times;
+    };
+  };
+  const Least both = least(7, layOut(hooked), layOut(bare));
+  char added[64];
+  std::snprintf(added, sizeof added, "+3 ns, is %+.2f ns", (both.figure - both.floor) * 1e9);
+  report("layoutSubviews", both, added);
+}
+
+// The same library with an initialiser that is never run.
+std::string withoutInitialiser(std::string library) {
+  Elf64_Ehdr header;
+  std::memcpy(&header, library.data(), sizeof header);
+  for (int i = 0; i < header.e_phnum; ++i) {
+    Elf64_Phdr segment;
+    std::memcpy(&segment, library.data() + header.e_phoff + i * sizeof segment, sizeof segment);
+    if (segment.p_type != PT_DYNAMIC) continue;
+    for (std::size_t at = 0; at < segment.p_filesz; at += sizeof(Elf64_Dyn)) {
+      Elf64_Dyn entry;
+      char* place = library.data() + segment.p_offset + at;
+      std::memcpy(&entry, place, sizeof entry);
+      if (entry.d_tag != DT_INIT_ARRAYSZ) continue;
+      entry.d_un.d_val = 0;
+      std::memcpy(place, &entry, sizeof entry);
+    }
+  }
+  return library;
+}
+
+// The initialiser, against the bare runtime calls that it comes down to. Each process starts once.
+void startUp() {
+  constexpr int runs = 15;
+  const auto library = sim::readFile(sim::HomeScreen::ownFolder() / "Sprigdial.so");
+  const sim::TemporaryFolder folder;
+  const auto boot = [&](const std::string& path) {
+    sim::HomeScreen::Options options;
+    options.device = folder.path() / "device";
+    options.library = path;
+    return sim::HomeScreen(options);
+  };
+  const auto mapping = [&](const std::string& path) {
+    return boot(path).ask("measure", {{"what", "mapping"}}).get<double>();
+  };
+  json calls = json::array();
+  {
+    auto home = boot("/run/simulator/Sprigdial.so");
+    for (const auto& call : home.calls())
+      calls.push_back(
+          {{"kind", call.kind}, {"class", call.className}, {"selector", call.selector}, {"encoding", call.encoding}});
+    sim::writeFile(home.device().resolve("/var/mobile/quiet.so"), withoutInitialiser(*library));
+  }
+  double bareMapping = std::numeric_limits<double>::infinity();
+  for (int run = 0; run < runs; ++run) bareMapping = std::min(bareMapping, mapping("/var/mobile/quiet.so"));
+  const auto start = [&] { return mapping("/run/simulator/Sprigdial.so") - bareMapping; };
+  const auto runtime = [&] {
+    auto home = boot("");
+    home.ask("measure", {{"what", "start"}, {"calls", calls}});
+    return home.seconds();
+  };
+  report("start-up", least(runs, start, runtime), "");
 }
 
 }  // namespace
 
 int main() {
-  constexpr int manyFiles = 100'000;
-  menuOfALargeCache(manyFiles);
+  menuOfALargeCache(100'000);
+  clearingCaches(50'000);
+  archiving(200);
+  for (const int records : {1, 100, 10'000}) muted(records);
+  for (const int stored : {0, 100, 5'000}) names(stored);
+  layout();
+  startUp();
   return 0;
 }

@@ -53,9 +53,11 @@ std::vector<Mount> mounts(const fs::path& buildFolder) {
 
 Words namespaceCommand(const fs::path& device, const fs::path& buildFolder) {
   // A user of its own without capabilities: files without permission cannot be read, whoever starts the simulator.
-  Words words = {"bwrap",   "--unshare-user", "--uid",   "501",   "--gid",   "501",    "--die-with-parent",
-                 "--bind",  device.string(),  "/",       "--dev", "/dev",    "--proc", "/proc",
-                 "--tmpfs", "/tmp",           "--tmpfs", "/run",  "--chdir", "/"};
+  // Processes of its own: what the home screen has started ends with it.
+  Words words = {
+      "bwrap",  "--unshare-user", "--uid", "501",     "--gid", "501",    "--unshare-pid", "--die-with-parent",
+      "--bind", device.string(),  "/",     "--dev",   "/dev",  "--proc", "/proc",         "--tmpfs",
+      "/tmp",   "--tmpfs",        "/run",  "--chdir", "/"};
   for (const Mount& mount : mounts(buildFolder)) words.insert(words.end(), {"--ro-bind", mount.from, mount.to});
   return words;
 }
@@ -64,7 +66,7 @@ Words tracingCommand(const fs::path& device, const fs::path& buildFolder) {
   Words words;
   // Root without capabilities is bound by permissions, too.
   if (geteuid() == 0) words = {"setpriv", "--bounding-set=-all", "--inh-caps=-all"};
-  words.insert(words.end(), {"proot", "-r", device.string(), "-w", "/", "-b", "/dev", "-b", "/proc"});
+  words.insert(words.end(), {"proot", "--kill-on-exit", "-r", device.string(), "-w", "/", "-b", "/dev", "-b", "/proc"});
   for (const Mount& mount : mounts(buildFolder))
     words.insert(words.end(), {"-b", std::string(mount.from).append(":").append(mount.to)});
   return words;
@@ -113,9 +115,9 @@ bool namespacesAllowed() {
   const int output = open("/dev/null", O_WRONLY | O_CLOEXEC);
   int status = -1;
   try {
-    const pid_t pid =
-        spawn({"bwrap", "--unshare-user", "--ro-bind", "/", "/", "--dev", "/dev", "--proc", "/proc", "--", "true"},
-              {{"PATH", "/usr/bin:/bin"}}, output, -1);
+    const pid_t pid = spawn({"bwrap", "--unshare-user", "--unshare-pid", "--ro-bind", "/", "/", "--dev", "/dev",
+                             "--proc", "/proc", "--", "true"},
+                            {{"PATH", "/usr/bin:/bin"}}, output, -1);
     waitpid(pid, &status, 0);
   } catch (const std::system_error&) {
     status = -1;

@@ -1,5 +1,6 @@
 // Backing up, restoring and deleting backups, with the real archiver.
-#include <sys/stat.h>
+#include <functional>
+#include <thread>
 
 #include "tests/support/command.hpp"
 #include "tests/support/home.hpp"
@@ -35,11 +36,30 @@ class Backup : public test::Generations {
     EXPECT_EQ(home.alert().message, "BackUp data successfully");
     home->tap("OK");
   }
+  // "" for none.
   void replaceArchiver(const std::string& script) {
-    fs::remove(home.path("/usr/bin/tar"));
+    fs::remove_all(home.path("/usr/bin/tar"));
     if (script.empty()) return;
     sim::writeFile(home.path("/usr/bin/tar"), "#!/bin/sh\n" + script);
     fs::permissions(home.path("/usr/bin/tar"), fs::perms::all);
+  }
+  // The archiver begins when `finishArchiver` is called.
+  void holdArchiver() { replaceArchiver("while [ ! -e /var/mobile/go ]; do sleep 0.01; done\nexec /bin/tar \"$@\"\n"); }
+  void finishArchiver() { sim::writeFile(home.path("/var/mobile/go"), ""); }
+  // The folder of the device without the application's own container and backups.
+  std::map<std::string, std::string> otherFiles() {
+    auto files = test::filesBelow(home.device().root() / "var");
+    const std::string backups = home.path("/var/mobile/Documents/Sprigdial").string();
+    std::erase_if(files, [&](const auto& file) {
+      return file.first.starts_with(data.string()) || file.first.starts_with(backups);
+    });
+    return files;
+  }
+  void expectOverlay() {
+    const auto windows = home.screen().windows;
+    ASSERT_EQ(windows.size(), 1U);
+    EXPECT_FALSE(windows[0].alert);
+    EXPECT_EQ(windows[0].views.at(0).subviews.at(0).text, "Please wait...");
   }
   fs::path data;
 };
@@ -122,14 +142,105 @@ TEST_P(Backup, AFailingArchiverIsNotNoticed) {
   EXPECT_TRUE(archives().empty());
 }
 
-TEST_P(Backup, AMissingArchiverLeavesTheOverlayUp) {
-  replaceArchiver("");
-  home->perform("backUpData");
-  const auto windows = home.screen().windows;
-  ASSERT_EQ(windows.size(), 1U);
-  EXPECT_FALSE(windows[0].alert);
-  home->lock();
-  EXPECT_TRUE(home.screen().windows.empty());
+TEST_P(Backup, AnArchiverThatCannotBeLaunchedLeavesTheOverlayUp) {
+  makeArchives({"2020-01-01.00_00_00"});
+  const std::vector<std::function<void()>> obstacles = {
+      [&] { replaceArchiver(""); },
+      [&] { fs::create_directories(home.path("/usr/bin/tar")); },
+      [&] {
+        replaceArchiver("exit 0\n");
+        fs::permissions(home.path("/usr/bin/tar"), fs::perms::owner_read);
+      },
+  };
+  for (const auto& obstruct : obstacles) {
+    obstruct();
+    sim::writeFile(data / "Documents/letter", "first");
+    home->perform("backUpData");
+    expectOverlay();
+    home->lock();
+    EXPECT_TRUE(home.screen().windows.empty());
+    home->unlock();
+    EXPECT_EQ(archives().size(), 1U);
+
+    home->perform("restoreData");
+    home->tap("2020-01-01 00:00:00");
+    expectOverlay();
+    home->lock();
+    home->unlock();
+  }
+}
+
+TEST_P(Backup, ASlowArchiverIsWaitedForUnderTheOverlay) {
+  holdArchiver();
+  home.openMenu();
+  home->tapAndGoOn("Backup Data");
+  expectOverlay();
+  expectOverlay();
+  EXPECT_TRUE(archives().empty());
+  finishArchiver();
+  home->advance(0);  // whatever is done now waits for the archiver
+  EXPECT_EQ(home.alert().message, "BackUp data successfully");
+  EXPECT_EQ(archives().size(), 1U);
+}
+
+TEST_P(Backup, ASlowRestoreIsWaitedForUnderTheOverlay) {
+  backUp();
+  holdArchiver();
+  home->perform("restoreData");
+  home->tapAndGoOn("2024-03-07 14:05:09");
+  expectOverlay();
+  EXPECT_FALSE(fs::exists(data));
+  finishArchiver();
+  home->advance(0);
+  EXPECT_EQ(home.alert().message, "Restore data successfully");
+  EXPECT_EQ(sim::readFile(data / "Documents/letter"), "first");
+}
+
+TEST_P(Backup, AHomeScreenThatEndsTakesItsArchiverWithIt) {
+  replaceArchiver("while sleep 0.01; do echo >> /var/mobile/beats; done\n");
+  const auto beats = [&] { return fs::file_size(home.path("/var/mobile/beats")); };
+  {
+    sim::HomeScreen other(home->options());
+    other.swipe(app, {{0, -20}}).tapAndGoOn("Backup Data");
+    while (!fs::exists(home.path("/var/mobile/beats"))) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  const auto atTheEnd = beats();
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  EXPECT_EQ(beats(), atTheEnd);
+}
+
+TEST_P(Backup, AnArchiverThatFailsToRestoreIsNotNoticed) {
+  makeArchives({"2024-01-02.08_00_00"});
+  home->perform("restoreData");
+  home->tap("2024-01-02 08:00:00");
+  EXPECT_EQ(home.alert().title, "Test App");
+  EXPECT_EQ(home.alert().message, "Restore data successfully");
+  EXPECT_EQ(home.buttons(), std::vector<std::string>{"OK"});
+  EXPECT_FALSE(fs::exists(data));
+}
+
+TEST_P(Backup, TheArchiverGetsExactlyTheseArguments) {
+  const std::string container = home.device().application(app)->data.string();
+  replaceArchiver("printf '%s\\n' \"$PWD\" \"$@\" >> /var/mobile/arguments\n");
+  backUp();
+  makeArchives({"2020-01-01.00_00_00"});
+  home->perform("restoreData");
+  home->tap("2020-01-01 00:00:00");
+  EXPECT_EQ(sim::readFile(home.path("/var/mobile/arguments")),
+            store + "\ncfz\n2024-03-07.14_05_09\n" + container + "\n" + store + "\nxfz\n2020-01-01.00_00_00\n-C\n/\n");
+}
+
+TEST_P(Backup, TouchesNothingElse) {
+  auto container = test::filesBelow(data);
+  const auto others = otherFiles();
+  backUp();
+  EXPECT_EQ(test::filesBelow(data), container);
+  makeArchives({"2020-01-01.00_00_00"});
+  home->perform("deleteBackUp");
+  home->tap("2020-01-01 00:00:00");
+  EXPECT_EQ(test::filesBelow(data), container);
+  EXPECT_EQ(otherFiles(), others);
+  EXPECT_EQ(archives(), std::vector<std::string>{"2024-03-07.14_05_09"});
 }
 
 TEST_P(Backup, ArchivesAreOfferedLatestFirst) {
@@ -185,6 +296,150 @@ TEST_P(Backup, AFailedDeletionIsSilent) {
   }
 }
 
+// One blank turns into the folder itself, two into the folder of all backups.
+TEST_P(Backup, DeletingANameOfBlanksTakesNoFolderAway) {
+  const std::vector<std::string> blanks = {" ", "  ", ". ", " ."};
+  makeArchives(blanks);
+  sim::writeFile(home.path("/var/mobile/Documents/Sprigdial/com.example.notes/2020-01-01.00_00_00"), "another's");
+  const auto before = test::filesBelow(home.device().root() / "var");
+  for (const auto& name : blanks) {
+    home->perform("deleteBackUp");
+    std::string title = name;
+    std::replace(title.begin(), title.end(), '.', ' ');
+    home->tap(title);
+    EXPECT_FALSE(home.showsAlert()) << "\"" << name << "\"";
+  }
+  EXPECT_EQ(test::filesBelow(home.device().root() / "var"), before);
+}
+
+TEST_P(Backup, NamesThatBeginLikeOptionsAreOnlyNames) {
+  makeArchives({"-rf", "--help", "--to-command=touch", "-C"});
+  const auto others = otherFiles();
+  for (const auto* name : {"-rf", "--help", "--to-command=touch", "-C"}) {
+    home->perform("restoreData");
+    home->tap(name);
+    EXPECT_EQ(home.alert().message, "Restore data successfully");
+    home->tap("OK");
+    home->perform("deleteBackUp");
+    home->tap(name);
+    EXPECT_EQ(home.alert().message, "Delete data successfully") << name;
+    home->tap("OK");
+  }
+  EXPECT_TRUE(archives().empty());
+  EXPECT_EQ(otherFiles(), others);
+}
+
+TEST_P(Backup, OddBundleIdentifiersStayWithinTheirFolders) {
+  for (const std::string odd : {"-rf", "com.example/inner", "..com.example", "com example"}) {
+    test::Home other(GetParam());
+    other.install({.id = odd, .name = "Odd"});
+    sim::writeFile(other.path("/var/mobile/Documents/mine"), "mine");
+    other.swipeUp(odd, 0, -0.5);
+    other->perform("backUpData");
+    EXPECT_EQ(other.alert().message, "BackUp data successfully") << odd;
+    other->perform("deleteBackUp");
+    EXPECT_EQ(other.alert().message, odd);
+    other->tap(other.buttons().at(0));
+    EXPECT_EQ(other.alert().message, "Delete data successfully") << odd;
+    EXPECT_TRUE(fs::is_empty(other.path("/var/mobile/Documents/Sprigdial/" + odd)));
+    EXPECT_EQ(sim::readFile(other.path("/var/mobile/Documents/mine")), "mine");
+  }
+}
+
+TEST_P(Backup, AStrayFolderIsAnArchiveLikeAnyOther) {
+  sim::writeFile(home.path(store) / "folder/inside", "x");
+  home->perform("deleteBackUp");
+  home->tap("folder");
+  EXPECT_EQ(home.alert().message, "Delete data successfully");
+  EXPECT_TRUE(archives().empty());
+}
+
+TEST_P(Backup, AnArchiveThatCannotGoIsSilent) {
+  makeArchives({"2024-01-02.08_00_00"});
+  home->perform("deleteBackUp");
+  fs::permissions(home.path(store), fs::perms::owner_read | fs::perms::owner_exec);
+  home->tap("2024-01-02 08:00:00");
+  fs::permissions(home.path(store), fs::perms::owner_all);
+  EXPECT_FALSE(home.showsAlert());
+  EXPECT_EQ(archives().size(), 1U);
+}
+
+TEST_P(Backup, AFileInTheBackupFoldersPlaceIsNoFolder) {
+  sim::writeFile(home.path(store), "in the way");
+  for (const auto* operation : {"restoreData", "deleteBackUp"}) {
+    home->perform(operation);
+    EXPECT_EQ(home.alert().message, "Please Use BackUp first!");
+  }
+  EXPECT_EQ(sim::readFile(home.path(store)), "in the way");
+}
+
+TEST_P(Backup, OneTapIsEnough) {
+  backUp();
+  home->perform("restoreData");
+  EXPECT_EQ(home.alert().buttons[0].style, "default");
+  EXPECT_EQ(home.alert().buttons[1].style, "cancel");
+  home->tap("Cancel");
+  EXPECT_TRUE(home.screen().windows.empty());
+  EXPECT_EQ(sim::readFile(data / "Documents/letter"), "first");
+}
+
+TEST_P(Backup, ARestoreUnpacksWhereTheDataWas) {
+  backUp();
+  const auto moved = data.parent_path() / "B0B0B0B0-0000-4000-8000-000000000001";
+  fs::rename(data, moved);
+  home->rescan();
+  home->perform("restoreData");
+  home->tap("2024-03-07 14:05:09");
+  EXPECT_FALSE(fs::exists(moved));
+  EXPECT_EQ(sim::readFile(data / "Documents/letter"), "first");
+}
+
+TEST_P(Backup, WorksOnWhatWasCurrentWhenTheSheetWasMade) {
+  backUp();
+  home->perform("restoreData");
+  sim::writeFile(data / "Documents/letter", "changed");
+  const auto notes = test::filesBelow(home.container("com.example.notes"));
+  home->touch("com.example.notes");
+  home->tap("2024-03-07 14:05:09");
+  EXPECT_EQ(home.alert().title, "Notes");  // the result tells of what is current now
+  EXPECT_EQ(sim::readFile(data / "Documents/letter"), "first");
+  EXPECT_EQ(test::filesBelow(home.container("com.example.notes")), notes);
+}
+
+TEST_P(Backup, ResultsHaveNoTitleWithoutACurrentApplication) {
+  test::Home fresh(GetParam());
+  for (const auto* done : {"backUpDataSucces", "restoreDataSucces", "deleteBackUpSucces"}) {
+    fresh->perform(done);
+    EXPECT_EQ(fresh.alert().title, std::nullopt);
+    EXPECT_FALSE(fresh.alert().message->empty());
+  }
+}
+
+TEST_P(Backup, AnUnknownApplicationsResultIsCalledNull) {
+  fs::remove_all(home.bundle(app).parent_path());
+  home->rescan();
+  home->perform("backUpDataSucces");
+  EXPECT_EQ(home.alert().title, "(null)");
+  home->perform("backUpData");
+  EXPECT_EQ(home.alert().title, "(null)");
+  EXPECT_EQ(home.alert().message, "User data not found");
+}
+
+TEST_P(Backup, NamesAreComparedAsText) {
+  makeArchives({"2025-12-30.12_00_00", "2025-01-04.09_00_00", "notes", "Notes", "9"});
+  home->perform("restoreData");
+  EXPECT_EQ(home.buttons(),
+            (std::vector<std::string>{"notes", "Notes", "9", "2025-12-30 12:00:00", "2025-01-04 09:00:00", "Cancel"}));
+}
+
+TEST_P(Backup, ItsNameHasNoBlankNoColonAndNoExtension) {
+  backUp();
+  const std::string name = archives().at(0);
+  EXPECT_EQ(name.find_first_of(" :"), std::string::npos);
+  EXPECT_EQ(name.find('.'), name.rfind('.'));
+  EXPECT_EQ(name.size(), std::string("2024-03-07.14_05_09").size());
+}
+
 TEST_P(Backup, AStrayFileIsRestoredQuietlyAsNothing) {
   makeArchives({"-rf stray"});
   home->perform("restoreData");
@@ -193,9 +448,11 @@ TEST_P(Backup, AStrayFileIsRestoredQuietlyAsNothing) {
   EXPECT_FALSE(fs::exists(data));
 }
 
+// Whatever the system's version: the other sheets ask for it.
 TEST_P(Backup, ATabletShowsTheArchivesInAPopover) {
   test::Home tablet(GetParam());
   tablet.options().tablet = true;
+  if (isOld()) tablet.options().coreVersion = 1240;
   tablet.install({});
   fs::create_directories(tablet.path(store));
   tablet.swipeUp(app, 0, -0.5);
@@ -203,6 +460,13 @@ TEST_P(Backup, ATabletShowsTheArchivesInAPopover) {
   ASSERT_TRUE(tablet.alert().popover);
   EXPECT_TRUE(tablet.alert().popover->sourceIsRootView);
   EXPECT_EQ(tablet.alert().popover->sourceRect, (sim::Frame{0, 0, 768, 1024}));
+  EXPECT_EQ(tablet.alert().popover->arrowDirections, 0U);
+}
+
+TEST_P(Backup, APhoneShowsNoPopover) {
+  backUp();
+  home->perform("restoreData");
+  EXPECT_FALSE(home.alert().popover);
 }
 
 TEST_P(Backup, ARoundTripBringsEveryByteBack) {

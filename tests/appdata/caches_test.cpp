@@ -123,6 +123,37 @@ TEST_P(Caches, AnUnknownApplicationIsCalledNull) {
   EXPECT_EQ(home.alert().message, "Cache cleared successfully");
 }
 
+TEST_P(Caches, WithoutAContainerNothingGoes) {
+  home.install({.id = "com.example.bare", .hasContainer = false});
+  home.swipeUp("com.example.bare", 0, -0.5);
+  const auto before = test::filesBelow(home.device().root() / "var");
+  for (const auto* operation : {"clearCaches", "resetAppData"}) {
+    home->perform(operation);
+    home->tap("YES");
+    home->tap("OK");
+  }
+  EXPECT_EQ(test::filesBelow(home.device().root() / "var"), before);
+}
+
+TEST_P(Caches, TheFolderIsTheOneOfWhenTheQuestionWasAsked) {
+  ask();
+  home->touch("com.example.notes");
+  const auto notes = test::filesBelow(home.container("com.example.notes"));
+  home->tap("YES");
+  EXPECT_TRUE(fs::is_empty(caches()));
+  EXPECT_EQ(home.alert().title, "Notes");  // the result tells of what is current now
+  EXPECT_EQ(test::filesBelow(home.container("com.example.notes")), notes);
+}
+
+TEST_P(Caches, AFolderThatCannotBeListedIsASuccessToo) {
+  ask();
+  fs::permissions(caches(), fs::perms::none);
+  home->tap("YES");
+  EXPECT_EQ(home.alert().message, "Cache cleared successfully");
+  fs::permissions(caches(), fs::perms::owner_all);
+  EXPECT_TRUE(fs::exists(caches() / "image"));
+}
+
 TEST_P(Caches, ASecondAlertReplacesTheFirst) {
   ask();
   home->advance(1);  // the menu itself is gone
@@ -163,6 +194,45 @@ TEST_P(Reset, DoesNotMakeAMissingDocumentsFolder) {
   EXPECT_EQ(home.alert().message, "Reset data successfully");
   EXPECT_FALSE(fs::exists(data / "Documents"));
   EXPECT_TRUE(fs::exists(data / "Library/Caches"));
+}
+
+TEST_P(Reset, MakesTheTwoFoldersEvenWithoutALibrary) {
+  ask();
+  fs::remove_all(data / "Library");
+  home->tap("YES");
+  EXPECT_EQ(home.alert().message, "Reset data successfully");
+  EXPECT_TRUE(fs::is_directory(data / "Library/Caches"));
+  EXPECT_TRUE(fs::is_directory(data / "Library/Preferences"));
+}
+
+TEST_P(Reset, AnEntryThatCannotGoDoesNotStopTheRest) {
+  fs::permissions(data / "Library/Other/deep", fs::perms::owner_read | fs::perms::owner_exec);
+  ask();
+  home->tap("YES");
+  fs::permissions(data / "Library/Other/deep", fs::perms::owner_all);
+  EXPECT_EQ(home.alert().message, "Reset data successfully");
+  EXPECT_TRUE(fs::exists(data / "Library/Other/deep/c"));
+  EXPECT_TRUE(fs::is_empty(data / "Documents"));
+  EXPECT_TRUE(fs::is_empty(data / "Library/Preferences"));
+}
+
+TEST_P(Reset, NamesTheApplicationHoweverItsNameEnds) {
+  home.install({.id = "com.example.news", .name = "The News"});
+  home.swipeUp("com.example.news", 0, -0.5);
+  home->perform("resetAppData");
+  EXPECT_EQ(home.alert().message, "Are you sure you want to reset The News's data?");
+}
+
+TEST_P(Reset, AnUnknownApplicationIsCalledNull) {
+  home.swipeUp(app, 0, -0.5);
+  fs::remove_all(home.bundle(app).parent_path());
+  home->rescan();
+  const auto before = test::filesBelow(data);
+  home->perform("resetAppData");
+  EXPECT_EQ(home.alert().message, "Are you sure you want to reset (null)'s data?");
+  home->tap("YES");
+  EXPECT_EQ(home.alert().message, "Reset data successfully");
+  EXPECT_EQ(test::filesBelow(data), before);
 }
 
 TEST_P(Reset, TouchesNothingOutsideTheContainer) {

@@ -99,3 +99,34 @@ TEST_P(Badges, GoToTheApplicationThatIsCurrentWhenApplied) {
   EXPECT_EQ(badge(), "4");
   EXPECT_EQ(home.screen().icon("com.example.notes")->badge, "5");
 }
+
+TEST_P(Badges, AnUnknownApplicationsAreStillHandedOver) {
+  std::filesystem::remove_all(home.bundle(app).parent_path());
+  home->rescan();
+  home->perform("setBadges");
+  EXPECT_EQ(home.alert().message, "(null)");
+  home->logMessages(true);
+  home->type("5");
+  home->tap("Apply");
+  const auto calls = home->calls();
+  EXPECT_TRUE(std::any_of(calls.begin(), calls.end(),
+                          [](const auto& call) { return call.selector == "setBadgeValue:forBundleID:"; }));
+  home->perform("clearBadges");
+}
+
+TEST_P(Badges, ChangeNoFileWhenCleared) {
+  home.screen();  // starting up makes a file of its own
+  auto before = test::filesBelow(home.device().root() / "var");
+  home->perform("clearBadges");
+  EXPECT_EQ(test::filesBelow(home.device().root() / "var"), before);
+}
+
+// The menu tells the badge of the time it was built.
+TEST_P(Badges, ThatAreClearedLeaveTheMenuWithoutTheEntry) {
+  home.openMenu();
+  home->tap("Clear Badges");
+  home->advance(1);
+  home.openMenu();
+  EXPECT_FALSE(home.hasButton("Clear Badges"));
+  EXPECT_TRUE(home.hasButton("Set Badges"));
+}

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstdlib>
 #include <exception>
 #include <optional>
 #include <string>
@@ -76,9 +77,12 @@ class Conversation {
     if (goesOn_ && !std::exchange(answered_, true)) write({{"value", nullptr}, {"seconds", 0}});
     bool listens = answered_;
     while (true) {
-      pollfd waiting[] = {{program, POLLIN, 0}, {listens ? socket_ : -1, POLLIN, 0}};
+      const short driver = listens ? POLLIN | POLLRDHUP : POLLRDHUP;
+      pollfd waiting[] = {{program, POLLIN, 0}, {socket_, driver, 0}};
       if (poll(waiting, 2, -1) <= 0) continue;
       if (waiting[0].revents != 0) return;
+      // Nobody is left to wait for.
+      if ((waiting[1].revents & (POLLRDHUP | POLLHUP)) != 0) std::_Exit(EXIT_SUCCESS);
       listens = receive() && answerLooks();
     }
   }

@@ -92,8 +92,7 @@ void rewriteList(const json& request) {
   id list = send<id>("NSMutableDictionary"_cls, "dictionaryWithContentsOfFile:"_sel, textAt(request, "path"));
   id own = textAt(request, "id");
   repeat(request, [&] {
-    const auto now = static_cast<int>(
-        send<double>(send<id>("NSDate"_cls, "date"_sel), "timeIntervalSince1970"_sel));
+    const auto now = static_cast<int>(send<double>(send<id>("NSDate"_cls, "date"_sel), "timeIntervalSince1970"_sel));
     id expired = send<id>("NSMutableArray"_cls, "array"_sel);
     id records = send<id>(list, "objectForKey:"_sel, ns("entries"));
     const auto count = send<NSUInteger>(records, "count"_sel);
@@ -118,8 +117,7 @@ void iconName(const json& request) {
 // A dictionary read from a file and asked for one value.
 void readValue(const json& request) {
   repeat(request, [&] {
-    id dictionary =
-        send<id>("NSDictionary"_cls, "dictionaryWithContentsOfFile:"_sel, textAt(request, "path"));
+    id dictionary = send<id>("NSDictionary"_cls, "dictionaryWithContentsOfFile:"_sel, textAt(request, "path"));
     send<id>(dictionary, "objectForKey:"_sel, textAt(request, "id"));
   });
 }
@@ -163,9 +161,10 @@ void start(const json& request) {
 }
 
 const std::map<std::string, void (*)(const json&)> measures = {
-    {"walk", walk},       {"empty", empty},           {"remove", remove},     {"run", run},
-    {"sound", sound},     {"rewriteList", rewriteList}, {"iconName", iconName}, {"readValue", readValue},
-    {"layOut", layOut},   {"start", start},
+    {"walk", walk},         {"empty", empty},         {"remove", remove},
+    {"run", run},           {"sound", sound},         {"rewriteList", rewriteList},
+    {"iconName", iconName}, {"readValue", readValue}, {"layOut", layOut},
+    {"start", start},
 };
 
 }  // namespace
