@@ -7,6 +7,9 @@ namespace {
 
 UIView* labelOf(const SBIconView* view) { return static_cast<UIView*>(view->valueForKey("_labelView"_ns)); }
 
+// Apart from the hook, which runs far more often than any label is hidden.
+[[gnu::noinline]] void hideLabel(const SBIconView* view) { labelOf(view)->setHidden(true); }
+
 void listen(SBIconView* view, SEL selector, NSString* name) {
   NSNotificationCenter::defaultCenter()->addObserver(view, selector, name);
 }
@@ -24,7 +27,7 @@ SBIconView* listening(SBIconView* view) {
 
 void layoutSubviews(SBIconView* view, SEL selector) {
   platformLayoutSubviews(view, selector);
-  if (settings.enabled && settings.hideLabel) labelOf(view)->setHidden(true);
+  if (settings.enabled && settings.hideLabel) hideLabel(view);
 }
 
 void recievedIconLablelUpdate(SBIconView* view, SEL) {

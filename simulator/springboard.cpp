@@ -3,7 +3,9 @@
 #include "simulator/homescreen/common/SpringBoard.hpp"
 
 #include <getopt.h>
+#include <sys/resource.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -89,6 +91,16 @@ void reportException(id exception) {
   std::abort();
 }
 
+/// A phone's processes have few file descriptors, and Foundation closes every possible one in each program that it
+/// starts.
+void limitFileDescriptors() {
+  constexpr rlim_t most = 256;
+  rlimit limit{};
+  getrlimit(RLIMIT_NOFILE, &limit);
+  limit.rlim_cur = std::min(limit.rlim_cur, most);
+  setrlimit(RLIMIT_NOFILE, &limit);
+}
+
 void startUp(const Options& options) {
   const AutoreleasePool pool;
   NSSetUncaughtExceptionHandler(reportException);
@@ -118,6 +130,7 @@ int main(int count, char** arguments) {
     return 2;
   }
   try {
+    limitFileDescriptors();
     startUp(options);
     sim::serve(driverSocket, options.live);
   } catch (const std::exception& error) {

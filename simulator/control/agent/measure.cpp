@@ -87,25 +87,37 @@ void sound(const json& request) {
   repeat(request, [&] { send(controller, "playSoundForNotificationRequest:"_sel, notification.get()); });
 }
 
+// A list of muted applications, read as when the home screen starts.
+id readList(const std::string& path) {
+  id list = send<id>("NSMutableDictionary"_cls, "dictionaryWithContentsOfFile:"_sel, ns(path));
+  id records = send<id>("NSMutableArray"_cls, "array"_sel);
+  for (id record : elements(send<id>(list, "objectForKey:"_sel, ns("entries"))))
+    send(records, "addObject:"_sel, send<id>(send<id>(record, "mutableCopy"_sel), "autorelease"_sel));
+  send(list, "setObject:forKey:"_sel, records, ns("entries"));
+  return list;
+}
+
 // A list of records walked and written, as for each notification.
 void rewriteList(const json& request) {
-  id list = send<id>("NSMutableDictionary"_cls, "dictionaryWithContentsOfFile:"_sel, textAt(request, "path"));
-  id own = textAt(request, "id");
+  static const Ref<objc_object> list = readList(request.at("path").get<std::string>());
+  id records = send<id>(list.get(), "objectForKey:"_sel, ns("entries"));
+  const Ref<objc_object> own = textAt(request, "id");
+  const Ref<objc_object> target = textAt(request, "path");
+  const Ref<objc_object> idKey = ns("id");
+  const Ref<objc_object> timeKey = ns("timeStamp");
   repeat(request, [&] {
     const auto now = static_cast<int>(send<double>(send<id>("NSDate"_cls, "date"_sel), "timeIntervalSince1970"_sel));
     id expired = send<id>("NSMutableArray"_cls, "array"_sel);
-    id records = send<id>(list, "objectForKey:"_sel, ns("entries"));
     const auto count = send<NSUInteger>(records, "count"_sel);
-    id idKey = ns("id");
-    id timeKey = ns("timeStamp");
     for (NSUInteger i = 0; i < count; ++i) {
       id record = send<id>(records, "objectAtIndex:"_sel, i);
-      const int end = send<int>(send<id>(record, "objectForKey:"_sel, timeKey), "intValue"_sel);
-      const BOOL isOwn = send<BOOL>(send<id>(record, "objectForKey:"_sel, idKey), "isEqualToString:"_sel, own);
+      const int end = send<int>(send<id>(record, "objectForKey:"_sel, timeKey.get()), "intValue"_sel);
+      const BOOL isOwn =
+          send<BOOL>(send<id>(record, "objectForKey:"_sel, idKey.get()), "isEqualToString:"_sel, own.get());
       if (!isOwn && end < now && end != -1) send(expired, "addObject:"_sel, record);
     }
     send(records, "removeObjectsInArray:"_sel, expired);
-    send<BOOL>(list, "writeToFile:atomically:"_sel, textAt(request, "to"), BOOL{true});
+    send<BOOL>(list.get(), "writeToFile:atomically:"_sel, target.get(), BOOL{true});
   });
 }
 
@@ -116,9 +128,11 @@ void iconName(const json& request) {
 
 // A dictionary read from a file and asked for one value.
 void readValue(const json& request) {
+  const Ref<objc_object> path = textAt(request, "path");
+  const Ref<objc_object> key = textAt(request, "id");
   repeat(request, [&] {
-    id dictionary = send<id>("NSDictionary"_cls, "dictionaryWithContentsOfFile:"_sel, textAt(request, "path"));
-    send<id>(dictionary, "objectForKey:"_sel, textAt(request, "id"));
+    id dictionary = send<id>("NSDictionary"_cls, "dictionaryWithContentsOfFile:"_sel, path.get());
+    send<id>(dictionary, "objectForKey:"_sel, key.get());
   });
 }
 
