@@ -71,14 +71,11 @@ std::string shown(double seconds) {
     double size;
     const char* name;
   };
-  for (const auto& [size, name] : {Unit{1, "s"}, Unit{1e-3, "ms"}, Unit{1e-6, "µs"}}) {
-    if (seconds < size) continue;
-    char text[32];
-    std::snprintf(text, sizeof text, "%7.2f %-2s", seconds / size, name);
-    return std::string(text) + (name[0] == 's' ? "" : "");
-  }
+  constexpr Unit units[] = {{1, " s"}, {1e-3, "ms"}, {1e-6, "µs"}, {1e-9, "ns"}};
+  const auto* const unit =
+      std::find_if(std::begin(units), std::end(units) - 1, [&](const Unit& each) { return seconds >= each.size; });
   char text[32];
-  std::snprintf(text, sizeof text, "%7.2f ns", seconds * 1e9);
+  std::snprintf(text, sizeof text, "%7.2f %s", seconds / unit->size, unit->name);
   return text;
 }
 
