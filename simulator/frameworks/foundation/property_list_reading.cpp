@@ -6,14 +6,21 @@
 namespace sim {
 namespace {
 
+// Nil for what is no property list. Foundation raises an exception for some damaged binary ones; a phone's does not.
+id parsed(id data) try {
+  constexpr NSUInteger mutableContainers = 1;
+  return send<id>("NSPropertyListSerialization"_cls, "propertyListWithData:options:format:error:"_sel, data,
+                  mutableContainers, static_cast<void*>(nullptr), static_cast<void*>(nullptr));
+} catch (...) {
+  return nullptr;
+}
+
 // The property list of the file, if it is of that class; its containers are mutable, as the readers of
 // mutable collections promise.
 id contentsOf(id path, Class expected) {
-  constexpr NSUInteger mutableContainers = 1;
   id data = send<id>("NSData"_cls, "dataWithContentsOfFile:"_sel, path);
   if (send<NSUInteger>(data, "length"_sel) == 0) return nullptr;
-  id list = send<id>("NSPropertyListSerialization"_cls, "propertyListWithData:options:format:error:"_sel, data,
-                     mutableContainers, static_cast<void*>(nullptr), static_cast<void*>(nullptr));
+  id list = parsed(data);
   return isKind(list, expected) ? list : nullptr;
 }
 
