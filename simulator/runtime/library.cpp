@@ -9,9 +9,9 @@
 namespace sim {
 
 void mapLibrary(const std::string& path) {
-  logMethods(true);
+  setMappingLibrary(true);
   const void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-  logMethods(false);
+  setMappingLibrary(false);
   if (library == nullptr) throw std::runtime_error(dlerror());
 }
 
