@@ -26,7 +26,7 @@ class DamagedSettings : public test::Generations {
     EXPECT_EQ(home.alert().title, "Test App");
     home->tap("Cancel").advance(1);
   }
-  std::string content() { return sim::PropertyList::read(home.settingsFile())->readable(); }
+  std::string content() { return sim::PropertyList::read(home.settingsFile()).value().readable(); }
 };
 
 class DamagedFile : public testing::TestWithParam<std::tuple<sim::Generation, std::string>> {
@@ -92,7 +92,7 @@ TEST_P(DamagedFile, GivesNoNamesAndIsReplacedByTheFirst) {
   EXPECT_EQ(home.icon(app).spoken, "Test App");
   home.rename(app, "New");
   EXPECT_EQ(home.icon(app).label, "New");
-  EXPECT_EQ(sim::PropertyList::read(home.settingsFile())->readable(), onlyTheName);
+  EXPECT_EQ(sim::PropertyList::read(home.settingsFile()).value().readable(), onlyTheName);
 }
 
 TEST_P(DamagedSettings, AnUnreadableFileIsReplacedByTheFirstName) {
