@@ -158,6 +158,12 @@ std::optional<HomeScreen::Pasteboard> HomeScreen::pasteboard() {
   return Pasteboard{value.at("type"), value.at("text")};
 }
 
+std::optional<PropertyList> HomeScreen::preferences(std::string_view domain) {
+  const Json value = ask("preferences", {{"domain", domain}});
+  if (value.is_null()) return std::nullopt;
+  return PropertyList::parse(value.get_ref<const std::string&>());
+}
+
 std::vector<HomeScreen::OpenedUrl> HomeScreen::urls() {
   std::vector<OpenedUrl> all;
   for (const Json& item : ask("urls")) all.push_back({item.at("url"), item.at("opened")});
@@ -189,6 +195,17 @@ std::vector<HomeScreen::DarwinObserver> HomeScreen::darwinObservers() {
     all.push_back({item.at("name"), item.at("observer"), item.at("object"), item.at("suspension")});
   }
   return all;
+}
+
+HomeScreen::ClassDescription HomeScreen::describe(std::string_view className) {
+  const Json value = ask("class", {{"name", className}});
+  const auto members = [&](const char* kind) {
+    std::vector<ClassDescription::Member> all;
+    for (const Json& member : value.at(kind)) all.push_back({member.at("name"), member.at("type")});
+    return all;
+  };
+  return {value.at("superclass"), value.at("protocols"), members("instanceVariables"), members("methods"),
+          members("classMethods")};
 }
 
 std::map<std::string, long> HomeScreen::live() { return ask("live").get<std::map<std::string, long>>(); }

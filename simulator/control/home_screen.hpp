@@ -128,6 +128,8 @@ class HomeScreen {
     std::string type, text;
   };
   std::optional<Pasteboard> pasteboard();
+  /// A preferences domain as the process holds it; none for one that nothing was set in.
+  std::optional<PropertyList> preferences(std::string_view domain);
   struct OpenedUrl {
     std::string url;
     bool opened = false;
@@ -142,7 +144,7 @@ class HomeScreen {
   struct Call {
     std::string kind, className, selector, encoding;
   };
-  /// What the library hooked, added, observed and, while messages are logged, sent.
+  /// What the library hooked, added, observed, posted and, while messages are logged, sent.
   std::vector<Call> calls();
   HomeScreen& logMessages(bool on);
   struct DarwinObserver {
@@ -151,6 +153,19 @@ class HomeScreen {
     int suspension = 0;
   };
   std::vector<DarwinObserver> darwinObservers();
+  /// What the runtime knows of a class, superclasses not counted.
+  struct ClassDescription {
+    struct Member {
+      std::string name, type;  ///< as the runtime encodes it
+      bool operator==(const Member&) const = default;
+    };
+    std::string superclass;  ///< empty for a root class
+    std::vector<std::string> protocols;
+    std::vector<Member> instanceVariables;  ///< in their order
+    std::vector<Member> methods, classMethods;
+  };
+  /// Throws `BadInput` when there is no such class.
+  ClassDescription describe(std::string_view className);
   /// The number of live objects by class, and of blocks.
   std::map<std::string, long> live();
   /// What the process wrote to its standard output and error.

@@ -37,9 +37,10 @@ struct IconOnScreen {
   std::string kind;   ///< "application", "downloading" or "bookmark"
   std::string label;  ///< the label's text, seen or not
   bool labelHidden = false;
-  std::string badge;  ///< empty without a badge
+  std::string badge;   ///< empty without a badge
+  std::string spoken;  ///< what is read out to a person who cannot see it
 };
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(IconOnScreen, id, kind, label, labelHidden, badge)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(IconOnScreen, id, kind, label, labelHidden, badge, spoken)
 
 /// An entry of the platform's quick-action list.
 struct QuickAction {
@@ -67,8 +68,9 @@ struct TextFieldOnScreen {
   std::string keyboard;     ///< "default" or "number pad"
   std::string clearButton;  ///< "never" or "always"
   std::string returnKey;    ///< "default" or "done"
+  std::string delegate;     ///< the class of the object that follows the editing; empty without one
 };
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(TextFieldOnScreen, text, placeholder, keyboard, clearButton, returnKey)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(TextFieldOnScreen, text, placeholder, keyboard, clearButton, returnKey, delegate)
 
 /// Where a tablet shows a sheet.
 struct Popover {

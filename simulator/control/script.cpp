@@ -183,11 +183,16 @@ struct Verbs {
     session.output_ << *content << (content->empty() || content->back() == '\n' ? "" : "\n");
   }
 
+  static std::optional<PropertyList> propertyListAt(Session& session, const std::string& path) {
+    const fs::path file = session.home().device().resolve(path);
+    if (!fs::is_regular_file(file)) throw BadInput("no such file: " + path);
+    return PropertyList::read(file);
+  }
+
   static void propertyList(Session& session, const Words& words) {
-    const fs::path file = session.home().device().resolve(words[0]);
-    if (!fs::is_regular_file(file)) throw BadInput("no such file: " + words[0]);
-    const auto content = PropertyList::read(file);
-    if (!content) throw BadInput("no property list: " + words[0]);
+    const bool isFile = words[0].find('/') != std::string::npos;
+    const auto content = isFile ? propertyListAt(session, words[0]) : session.home().preferences(words[0]);
+    if (!content) throw BadInput((isFile ? "no property list: " : "no preferences domain: ") + words[0]);
     session.output_ << content->readable() << "\n";
   }
 
@@ -272,12 +277,13 @@ const std::vector<Verbs::Verb>& Verbs::table() {
       {"advance", "SECONDS", "lets the clock run on", 1, 1, advance},
       {"ls", "PATH", "lists a folder of the device", 1, 1, list},
       {"cat", "PATH", "prints a file of the device", 1, 1, print},
-      {"plist", "PATH", "prints a property list of the device", 1, 1, propertyList},
+      {"plist", "PATH|DOMAIN", "prints a property list of the device, or a preferences domain of the home screen", 1, 1,
+       propertyList},
       {"pasteboard", "", "prints the pasteboard", 0, 0, pasteboard},
       {"urls", "", "prints the addresses that were opened", 0, 0, urls},
       {"launches", "", "prints the applications that were launched, and how", 0, 0, launches},
-      {"calls", "[messages on|off]", "prints what the library hooked, added and sent; logs messages or not", 0, 2,
-       calls},
+      {"calls", "[messages on|off]", "prints what the library hooked, added, posted and sent; logs messages or not", 0,
+       2, calls},
       {"live", "", "prints how many objects of each class are alive", 0, 0, live},
       {"expect", "TEXT", "fails unless the screen shows the text", 1, 1, expect},
       {"expect-not", "TEXT", "fails if the screen shows the text", 1, 1, expectNot},

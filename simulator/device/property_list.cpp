@@ -128,14 +128,18 @@ void PropertyList::Free::operator()(void* node) const { plist_free(node); }
 PropertyList::PropertyList() : node_(plist_new_dict()) {}
 PropertyList::PropertyList(const Json& value) : node_(makeNode(value)) {}
 
-std::optional<PropertyList> PropertyList::read(const std::filesystem::path& file) {
-  const std::optional<std::string> content = readFile(file);
-  // The shortest file that can be told to be a property list is the binary form's mark.
-  if (!content || content->size() < 8) return std::nullopt;
+std::optional<PropertyList> PropertyList::parse(std::string_view content) {
+  // The shortest content that can be told to be a property list is the binary form's mark.
+  if (content.size() < 8) return std::nullopt;
   plist_t node = nullptr;
-  plist_from_memory(content->data(), static_cast<std::uint32_t>(content->size()), &node);
+  plist_from_memory(content.data(), static_cast<std::uint32_t>(content.size()), &node);
   if (node == nullptr) return std::nullopt;
   return PropertyList(node);
+}
+
+std::optional<PropertyList> PropertyList::read(const std::filesystem::path& file) {
+  const std::optional<std::string> content = readFile(file);
+  return content ? parse(*content) : std::nullopt;
 }
 
 void PropertyList::write(const std::filesystem::path& file, Format format) const {

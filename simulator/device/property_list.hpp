@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace sim {
 
@@ -19,6 +20,8 @@ class PropertyList {
   /// From a value; binary JSON values become data. Null is not a property list's value.
   explicit PropertyList(const nlohmann::ordered_json& value);
 
+  /// What the bytes hold, in either format; none when that is no property list.
+  static std::optional<PropertyList> parse(std::string_view content);
   /// The file's content; none when the file is missing or holds no property list.
   static std::optional<PropertyList> read(const std::filesystem::path& file);
   /// Replaces the file whole: readers see the old or the new content. Throws `std::system_error`.

@@ -5,7 +5,7 @@
 namespace sim {
 namespace {
 bool loggingMessages = false;
-bool loggingMethods = false;
+bool mappingLibrary = false;
 
 // Foundation's messages say nothing about the home screen: texts, numbers, files.
 bool isFoundation(std::string_view className) { return className.starts_with("NS") || className.starts_with("GS"); }
@@ -17,10 +17,11 @@ std::vector<Call>& callLog() {
 }
 
 void logMessages(bool on) { loggingMessages = on; }
-void logMethods(bool on) { loggingMethods = on; }
+void setMappingLibrary(bool on) { mappingLibrary = on; }
+bool isMappingLibrary() { return mappingLibrary; }
 
 void logMethod(Call::Kind kind, Class cls, SEL selector, const char* encoding) {
-  if (loggingMethods)
+  if (mappingLibrary)
     callLog().push_back({kind, class_getName(cls), sel_getName(selector), encoding != nullptr ? encoding : ""});
 }
 

@@ -13,11 +13,11 @@ double seconds = 0;
 }  // namespace
 
 void mapLibrary(const std::string& path) {
-  logMethods(true);
+  setMappingLibrary(true);
   const auto start = std::chrono::steady_clock::now();
   const void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  logMethods(false);
+  setMappingLibrary(false);
   if (library == nullptr) throw std::runtime_error(dlerror());
 }
 

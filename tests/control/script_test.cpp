@@ -76,9 +76,10 @@ INSTANTIATE_TEST_SUITE_P(
                     BadLine{"install /nowhere/at-all.ipa", "at-all.ipa"}, BadLine{"edit maybe", "maybe"},
                     BadLine{"advance soon", "soon"}, BadLine{"advance -1", "forwards"},
                     BadLine{"cat /var/nothing", "/var/nothing"}, BadLine{"plist /var/mobile", "/var/mobile"},
-                    BadLine{"ls /../../etc", ".."}, BadLine{"settings direction", "direction"},
-                    BadLine{"download pause com.example.x", "pause"}, BadLine{"screen sideways", "sideways"},
-                    BadLine{"boot ancient", "ancient"}, BadLine{"touch \"com.example.notes", "quot"}));
+                    BadLine{"plist com.example.nothing", "no preferences domain"}, BadLine{"ls /../../etc", ".."},
+                    BadLine{"settings direction", "direction"}, BadLine{"download pause com.example.x", "pause"},
+                    BadLine{"screen sideways", "sideways"}, BadLine{"boot ancient", "ancient"},
+                    BadLine{"touch \"com.example.notes", "quot"}));
 
 TEST_F(Script, AnExpectationThatFailsEndsWithOne) {
   const auto played = play(boot() + "expect \"No such thing\"\n");
@@ -112,4 +113,19 @@ TEST_F(Script, HelpListsEveryVerb) {
         "download", "settings", "post",    "advance",    "ls",     "cat",         "plist",      "pasteboard",
         "urls",     "calls",    "expect",  "expect-not", "help"})
     EXPECT_NE(played.output.find(verb), std::string::npos) << verb;
+}
+
+TEST_F(Script, PlistShowsAFileOrAPreferencesDomainAsTheProcessHoldsIt) {
+  const auto played = play(boot() +
+                           "settings direction=0 slideValue=0.5 enabled=true\n"
+                           "swipe up com.example.notes\ntap \"Rename App\"\nadvance 1\ntype \"42\"\ntap Apply\n"
+                           "plist com.morvanel.sprigdial\n"
+                           "plist /var/mobile/Library/Preferences/com.morvanel.sprigdial.plist\n");
+  EXPECT_EQ(played.status, 0) << played.errors;
+  const std::string name = "  \"com.example.notes\": \"42\"\n";
+  EXPECT_NE(played.output.find("> plist com.morvanel.sprigdial\n{\n" + name + "}\n"), std::string::npos)
+      << played.output;
+  for (const std::string& line : {name, std::string("  \"direction\": 0\n"), std::string("  \"slideValue\": 0.5\n"),
+                                  std::string("  \"enabled\": true\n")})
+    EXPECT_NE(played.output.find(line), std::string::npos) << line;
 }

@@ -12,6 +12,8 @@ using Json = nlohmann::ordered_json;
 namespace fs = std::filesystem;
 
 constexpr double wellAboveAnyThreshold = 20;
+// In seconds: the rename dialog has come, and a new menu may open.
+constexpr double longerThanAnyGuard = 1;
 
 sim::HomeScreen::Options prepared(sim::HomeScreen::Options options, sim::Generation generation,
                                   const fs::path& device) {
@@ -65,6 +67,11 @@ void Home::install(const App& app) {
   rescan();
 }
 
+void Home::uninstall(const std::string& id) {
+  device_.uninstall(id);
+  rescan();
+}
+
 void Home::removeFileManager() {
   device_.setFilzaInstalled(false);
   rescan();
@@ -97,6 +104,44 @@ Home& Home::openMenu(const std::string& id) { return swipeUp(id, 0, -wellAboveAn
 Home& Home::swipeUp(const std::string& id, double dx, double dy) {
   (**this).swipe(id, {{dx, dy}});
   return *this;
+}
+
+Home& Home::openRenameDialog(const std::string& id) {
+  openMenu(id);
+  (**this).tap("Rename App").advance(longerThanAnyGuard);
+  return *this;
+}
+
+Home& Home::rename(const std::string& id, const std::string& name) {
+  openRenameDialog(id);
+  (**this).type(name).tap("Apply");
+  return *this;
+}
+
+sim::IconOnScreen Home::icon(const std::string& id) {
+  const Screen seen = screen();
+  const auto* found = seen.icon(id);
+  if (found == nullptr) throw std::runtime_error("no icon " + id);
+  return *found;
+}
+
+std::optional<std::string> Home::storedName(const std::string& id) const {
+  const auto settings = sim::PropertyList::read(settingsFile());
+  return settings ? settings->text(id) : std::nullopt;
+}
+
+void Home::storeFromOutside(const std::string& id, const Json& name) {
+  auto settings = sim::PropertyList::read(settingsFile()).value_or(sim::PropertyList());
+  settings.set(id, name);
+  settings.write(settingsFile());
+}
+
+std::vector<sim::HomeScreen::Call> Home::callsDuring(const std::function<void()>& action) {
+  const auto before = static_cast<std::ptrdiff_t>((**this).logMessages(true).calls().size());
+  action();
+  auto calls = (**this).logMessages(false).calls();
+  calls.erase(calls.begin(), calls.begin() + before);
+  return calls;
 }
 
 Screen Home::screen() { return (**this).screen(); }

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "simulator/control/home_screen.hpp"
 #include "simulator/device/files.hpp"
 
@@ -38,6 +40,8 @@ class Home {
   std::filesystem::path container(const std::string& id) const;
   std::filesystem::path bundle(const std::string& id) const;
   void install(const App& app);
+  /// Takes the application from the device and from the home screen.
+  void uninstall(const std::string& id);
   /// The samples include the file manager.
   void removeFileManager();
   /// Gives the icon a badge, a number or a text, and every other icon none.
@@ -52,7 +56,14 @@ class Home {
   /// Swipes up on the icon by one sample.
   Home& swipeUp(const std::string& id, double dx = 0, double dy = -20);
 
+  /// Opens the dialog that renames the application.
+  Home& openRenameDialog(const std::string& id = "com.example.test");
+  /// Renames the application by that dialog.
+  Home& rename(const std::string& id, const std::string& name);
+
   Screen screen();
+  /// Fails the test when there is no such icon.
+  sim::IconOnScreen icon(const std::string& id);
   /// The alert or sheet of the topmost window; fails the test when there is none.
   AlertOnScreen alert();
   bool showsAlert();
@@ -60,6 +71,14 @@ class Home {
   bool hasButton(const std::string& title);
   /// The button of the cache entry.
   std::string cacheTitle();
+  /// The settings file on this PC.
+  std::filesystem::path settingsFile() const { return path(std::string(sim::Device::settingsFile)); }
+  /// The name that the settings file holds for the application; none when it holds no text there.
+  std::optional<std::string> storedName(const std::string& id) const;
+  /// Writes a name, or something else, into the settings file and tells nobody.
+  void storeFromOutside(const std::string& id, const nlohmann::ordered_json& name);
+  /// The log entries that `action` adds, messages included.
+  std::vector<sim::HomeScreen::Call> callsDuring(const std::function<void()>& action);
   /// How many objects of that class are alive; "blocks" counts copied blocks.
   long live(const std::string& name);
 

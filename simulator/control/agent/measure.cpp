@@ -149,7 +149,7 @@ void hearNothing(CFNotificationCenterRef, void*, CFStringRef, const void*, const
 // implementation in its own place.
 void start(const json& request) {
   const json& calls = request.at("calls");
-  logMethods(true);
+  setMappingLibrary(true);
   for (const json& call : calls) {
     Class cls = objc_getClass(call.at("class").get_ref<const std::string&>().c_str());
     SEL selector = sel_registerName(call.at("selector").get_ref<const std::string&>().c_str());
@@ -159,7 +159,7 @@ void start(const json& request) {
     IMP previous = nullptr;
     MSHookMessageEx(cls, selector, method_getImplementation(class_getInstanceMethod(cls, selector)), &previous);
   }
-  logMethods(false);
+  setMappingLibrary(false);
   Class cls = objc_allocateClassPair("NSObject"_cls, "Renamer", 0);
   for (const char* name : {"_icon", "_iconView", "renameTitle"}) class_addIvar(cls, name, sizeof(id), 3, "@");
   class_addProtocol(cls, objc_getProtocol("UITextFieldDelegate"));

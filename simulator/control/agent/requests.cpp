@@ -9,6 +9,8 @@
 #include "simulator/control/agent/screen_reader.hpp"
 #include "simulator/device/clock.hpp"
 #include "simulator/frameworks/core_foundation/darwin_notifications.hpp"
+#include "simulator/frameworks/core_foundation/preferences.hpp"
+#include "simulator/frameworks/foundation/property_list.hpp"
 #include "simulator/frameworks/uikit/UIApplication.hpp"
 #include "simulator/frameworks/uikit/UIPasteboard.hpp"
 #include "simulator/homescreen/common/gestures.hpp"
@@ -16,6 +18,7 @@
 #include "simulator/homescreen/common/icons.hpp"
 #include "simulator/runtime/blocks.hpp"
 #include "simulator/runtime/call_log.hpp"
+#include "simulator/runtime/class_description.hpp"
 #include "simulator/runtime/main_queue.hpp"
 
 namespace sim {
@@ -156,6 +159,15 @@ json pasteboard(const json&) {
   return {{"type", text(board->type)}, {"text", text(board->value)}};
 }
 
+json preferencesDomain(const json& request) {
+  const std::string domain = textOf(request, "domain");
+  id values = preferences(domain);
+  if (values == nullptr) return {};
+  const auto xml = xmlPropertyList(values);
+  if (!xml) throw BadRequest("The preferences domain \"" + domain + "\" holds what no property list can");
+  return *xml;
+}
+
 json urls(const json&) {
   json list = json::array();
   for (const auto& [url, opened] : openedURLs()) list.push_back({{"url", url}, {"opened", opened}});
@@ -174,7 +186,7 @@ json launches(const json&) {
 }
 
 json calls(const json& request) {
-  static constexpr const char* kinds[] = {"hook", "add", "observe", "send"};
+  static constexpr const char* kinds[] = {"hook", "add", "observe", "send", "post"};
   if (request.contains("messages")) logMessages(request["messages"].get<bool>());
   json list = json::array();
   for (const Call& call : callLog())
@@ -183,6 +195,24 @@ json calls(const json& request) {
                     {"selector", call.selector},
                     {"encoding", call.encoding}});
   return list;
+}
+
+json members(const std::vector<ClassDescription::Member>& all) {
+  json list = json::array();
+  for (const auto& [name, type] : all) list.push_back({{"name", name}, {"type", type}});
+  return list;
+}
+
+json describeClass(const json& request) {
+  const std::string name = textOf(request, "name");
+  Class cls = objc_getClass(name.c_str());
+  if (cls == nullptr) throw BadRequest("There is no class \"" + name + "\"");
+  const ClassDescription described = describe(cls);
+  return {{"superclass", described.superclass},
+          {"protocols", described.protocols},
+          {"instanceVariables", members(described.instanceVariables)},
+          {"methods", members(described.methods)},
+          {"classMethods", members(described.classMethods)}};
 }
 
 json live(const json&) {
@@ -234,6 +264,29 @@ json performSelector(const json& request) {
   return {};
 }
 
+// Icon views in places that the simulator does not show, such as a dock, whose icons have no label.
+json makeIconView(const json& request) {
+  constexpr NSUInteger plain = 0;
+  static const std::map<std::string, SBIconView* (*)(id, SEL)> initialisers = {
+      {"initWithContentType:", [](id made, SEL by) { return send<SBIconView*>(made, by, plain); }},
+      {"initWithFrame:", [](id made, SEL by) { return send<SBIconView*>(made, by, CGRect{}); }},
+      {"initWithConfigurationOptions:", [](id made, SEL by) { return send<SBIconView*>(made, by, plain); }},
+      {"initWithConfigurationOptions:listLayoutProvider:",
+       [](id made, SEL by) { return send<SBIconView*>(made, by, plain, id{nullptr}); }},
+  };
+  static std::vector<Ref<SBIconView>> views;
+  const auto initialiser = initialisers.find(textOf(request, "initialiser"));
+  if (initialiser == initialisers.end()) throw BadRequest("Icon views are not made so");
+  SEL selector = sel_registerName(initialiser->first.c_str());
+  const auto allocated = Ref<objc_object>::adopt(send<id>("SBIconView"_cls, "alloc"_sel));
+  if (!send<BOOL>(allocated, "respondsToSelector:"_sel, selector))
+    throw BadRequest("This generation's icon views are not made so");
+  views.push_back(Ref<SBIconView>::adopt(initialiser->second(objc_retain(allocated), selector)));
+  if (!valueOf(request, "label", true)) views.back()->labelView = nullptr;
+  send(views.back(), "layoutSubviews"_sel);
+  return {};
+}
+
 json address(const void* pointer) {
   return pointer != nullptr ? json(reinterpret_cast<std::uintptr_t>(pointer)) : json();
 }
@@ -271,13 +324,16 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"advance", advance},
     {"now", now},
     {"pasteboard", pasteboard},
+    {"preferences", preferencesDomain},
     {"urls", urls},
     {"launches", launches},
     {"calls", calls},
+    {"class", describeClass},
     {"live", live},
     {"platform", platformCounts},
     {"memory", memory},
     {"perform", performSelector},
+    {"makeIconView", makeIconView},
     {"measure", measure},
     {"darwinObservers", observers},
 };

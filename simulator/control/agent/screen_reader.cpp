@@ -35,9 +35,14 @@ std::string kindOf(SBIcon* icon) {
 }
 
 IconOnScreen readIcon(SBIcon* icon) {
-  const UILabel* label = viewOf(icon)->labelView;
-  return {text(send<id>(icon, "applicationBundleID"_sel)), kindOf(icon), text(label->text), label->hidden,
-          text(send<id>(icon, "badgeNumberOrString"_sel))};
+  SBIconView* view = viewOf(icon);
+  const UILabel* label = view->labelView;
+  return {text(send<id>(icon, "applicationBundleID"_sel)),
+          kindOf(icon),
+          text(label->text),
+          label->hidden,
+          text(send<id>(icon, "badgeNumberOrString"_sel)),
+          text(send<id>(view, "accessibilityLabel"_sel))};
 }
 
 void readLabel(ViewOnScreen& seen, UILabel* label) {
@@ -73,10 +78,12 @@ ButtonOnScreen readButton(UIAlertAction* action) {
 }
 
 TextFieldOnScreen readTextField(UITextField* field) {
-  return {text(field->text), text(field->placeholder),
+  return {text(field->text),
+          text(field->placeholder),
           field->keyboardType == UIKeyboardType::numberPad ? "number pad" : "default",
           field->clearButtonMode == UITextFieldViewMode::always ? "always" : "never",
-          field->returnKeyType == UIReturnKeyType::done ? "done" : "default"};
+          field->returnKeyType == UIReturnKeyType::done ? "done" : "default",
+          className(field->delegate)};
 }
 
 std::optional<Popover> readPopover(const UIAlertController* alert, const UIWindow* window) {

@@ -53,8 +53,12 @@ void CFNotificationCenterAddObserver(CFNotificationCenterRef, const void* observ
                                 ", suspension " + std::to_string(behavior)});
 }
 
-void CFNotificationCenterPostNotification(CFNotificationCenterRef, CFStringRef name, const void*, const void*,
-                                          std::uint8_t) {
-  sim::postDarwinNotification(sim::text(asId(name)));
+void CFNotificationCenterPostNotification(CFNotificationCenterRef, CFStringRef name, const void* object,
+                                          const void* userInfo, std::uint8_t immediately) {
+  const std::string posted = sim::text(asId(name));
+  sim::callLog().push_back({sim::Call::Kind::post, "Darwin", posted,
+                            "object " + sim::described(object) + ", user info " + sim::described(userInfo) +
+                                (immediately != 0 ? ", immediately" : "")});
+  sim::postDarwinNotification(posted);
 }
 }

@@ -1,5 +1,7 @@
 #include "simulator/homescreen/common/SBIcon.hpp"
 
+#include "platform/CoreFoundation.hpp"
+
 namespace sim {
 namespace {
 
@@ -11,6 +13,11 @@ void launch(SBIcon* icon, NSInteger location, id context, id settings, id action
 }
 
 }  // namespace
+
+bool iconsKnowLocations() {
+  constexpr double firstVersionWithLocations = 1000;
+  return kCFCoreFoundationVersionNumber >= firstVersionWithLocations;
+}
 
 id SBIcon::displayNameForLocation(NSInteger) { return send<id>(this, "displayName"_sel); }
 
@@ -32,10 +39,10 @@ void defineSBIcon(Generation generation) {
   ClassBuilder<SBIcon> builder("SBIcon", "NSObject");
   builder.method<&SBIcon::applicationBundleID>("applicationBundleID")
       .method<&SBIcon::displayName>("displayName")
-      .method<&SBIcon::displayNameForLocation>("displayNameForLocation:")
       .method<&SBIcon::isDownloadingIcon>("isDownloadingIcon")
       .method<&SBIcon::badgeNumberOrString>("badgeNumberOrString")
       .method<&SBIcon::setBadge>("setBadge:");
+  if (iconsKnowLocations()) builder.method<&SBIcon::displayNameForLocation>("displayNameForLocation:");
   if (generation == Generation::old) {
     builder.method<&SBIcon::launchFromLocationContextSettingsActions>(
         "launchFromLocation:context:activationSettings:actions:");

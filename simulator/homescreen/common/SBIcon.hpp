@@ -6,6 +6,10 @@
 
 namespace sim {
 
+/// Whether icons can be asked for the name that they have at a place of the home screen. Those of before the core
+/// library's version 1000 have one name, which is their application's.
+bool iconsKnowLocations();
+
 struct SBIcon : Object {
   Ref<objc_object> badge;  ///< a number or a text
 

@@ -37,8 +37,12 @@ void SBIconView::setIcon(SBIcon* shown) {
 }
 
 void SBIconView::updateLabel() {
-  send(labelView, "setText:"_sel, send<id>(icon, "displayNameForLocation:"_sel, NSInteger{0}));
+  id name = iconsKnowLocations() ? send<id>(icon, "displayNameForLocation:"_sel, NSInteger{0})
+                                 : send<id>(icon, "displayName"_sel);
+  send(labelView, "setText:"_sel, name);
 }
+
+id SBIconView::accessibilityLabel() { return send<id>(icon, "displayName"_sel); }
 
 void SBIconView::layoutSubviews() {
   sendSuper(this, "UIView"_cls, "layoutSubviews"_sel);
@@ -53,6 +57,7 @@ void defineSBIconView(Generation generation) {
       .getter<&SBIconView::icon>("icon")
       .method<&SBIconView::setIcon>("setIcon:")
       .method<&SBIconView::updateLabel>("_updateLabel")
+      .method<&SBIconView::accessibilityLabel>("accessibilityLabel")
       .method<&SBIconView::layoutSubviews>("layoutSubviews");
   if (generation == Generation::old) {
     builder.method<&SBIconView::initWithContentType>("initWithContentType:");

@@ -23,6 +23,8 @@ struct SBIconView : UIView {
   void setIcon(SBIcon* shown);
   /// Reads the icon's name anew.
   void updateLabel();
+  /// What is spoken to a person who cannot see the icon: its name, read anew.
+  id accessibilityLabel();
   void layoutSubviews();
 
  private:

@@ -2,7 +2,7 @@
 
 #include "simulator/homescreen/common/shared_instance.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 void CSCoverSheetViewController::viewWillAppear(BOOL animated) {
   sendSuper(this, "UIViewController"_cls, "viewWillAppear:"_sel, animated);
@@ -15,4 +15,4 @@ void defineCSCoverSheetViewController() {
       .add();
 }
 
-}  // namespace sim::latest
+}  // namespace sim::recent

@@ -3,7 +3,7 @@
 
 #include "simulator/frameworks/uikit/UIViewController.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 struct CSCoverSheetViewController : UIViewController {
   void viewWillAppear(BOOL animated);
@@ -11,4 +11,4 @@ struct CSCoverSheetViewController : UIViewController {
 
 void defineCSCoverSheetViewController();
 
-}  // namespace sim::latest
+}  // namespace sim::recent

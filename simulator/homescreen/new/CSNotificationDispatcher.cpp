@@ -2,7 +2,7 @@
 
 #include "simulator/homescreen/common/shared_instance.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 void CSNotificationDispatcher::post(NCNotificationRequest* request) { home().lockScreen.push_back(delivered(request)); }
 
@@ -13,4 +13,4 @@ void defineCSNotificationDispatcher() {
       .add();
 }
 
-}  // namespace sim::latest
+}  // namespace sim::recent

@@ -3,7 +3,7 @@
 
 #include "simulator/homescreen/common/NCNotificationRequest.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 struct CSNotificationDispatcher : Object {
   void post(NCNotificationRequest* request);
@@ -11,4 +11,4 @@ struct CSNotificationDispatcher : Object {
 
 void defineCSNotificationDispatcher();
 
-}  // namespace sim::latest
+}  // namespace sim::recent

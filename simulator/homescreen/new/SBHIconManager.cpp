@@ -2,7 +2,7 @@
 
 #include "simulator/homescreen/common/icons.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 SBHIconManager* SBHIconManager::init() {
   iconModel = sim::iconModel();
@@ -22,4 +22,4 @@ void defineSBHIconManager() {
       .add();
 }
 
-}  // namespace sim::latest
+}  // namespace sim::recent

@@ -5,7 +5,7 @@
 #include "simulator/homescreen/common/SBIconView.hpp"
 #include "simulator/homescreen/common/home.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 struct SBHIconManager : Object {
   Ref<SBIconModel> iconModel;
@@ -23,4 +23,4 @@ struct SBHIconManager : Object {
 
 void defineSBHIconManager();
 
-}  // namespace sim::latest
+}  // namespace sim::recent

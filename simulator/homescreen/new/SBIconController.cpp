@@ -2,7 +2,7 @@
 
 #include "simulator/homescreen/common/shared_instance.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 SBIconController* SBIconController::init() {
   iconManager = make<SBHIconManager>("SBHIconManager"_cls);
@@ -17,4 +17,4 @@ void defineSBIconController() {
       .add();
 }
 
-}  // namespace sim::latest
+}  // namespace sim::recent

@@ -3,7 +3,7 @@
 
 #include "simulator/homescreen/new/SBHIconManager.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 struct SBIconController : Object {
   Ref<SBHIconManager> iconManager;
@@ -13,4 +13,4 @@ struct SBIconController : Object {
 
 void defineSBIconController();
 
-}  // namespace sim::latest
+}  // namespace sim::recent

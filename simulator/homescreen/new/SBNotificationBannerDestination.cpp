@@ -2,7 +2,7 @@
 
 #include "simulator/homescreen/common/shared_instance.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 void SBNotificationBannerDestination::post(NCNotificationRequest* request) {
   home().banners.push_back(delivered(request));
@@ -15,4 +15,4 @@ void defineSBNotificationBannerDestination() {
       .add();
 }
 
-}  // namespace sim::latest
+}  // namespace sim::recent

@@ -3,7 +3,7 @@
 #include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/common/shared_instance.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 void SBPowerDownViewController::powerDownViewWillAnimateIn(UIView* powerDownView) {
   send(powerDownView, "setHidden:"_sel, BOOL{false});
@@ -17,4 +17,4 @@ void defineSBPowerDownViewController() {
       .add();
 }
 
-}  // namespace sim::latest
+}  // namespace sim::recent

@@ -3,7 +3,7 @@
 
 #include "simulator/frameworks/uikit/UIViewController.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 struct SBPowerDownViewController : UIViewController {
   void powerDownViewWillAnimateIn(UIView* powerDownView);
@@ -11,4 +11,4 @@ struct SBPowerDownViewController : UIViewController {
 
 void defineSBPowerDownViewController();
 
-}  // namespace sim::latest
+}  // namespace sim::recent

@@ -12,12 +12,12 @@ namespace sim {
 namespace {
 
 void defineClasses() {
-  latest::defineSBHIconManager();
-  latest::defineSBIconController();
-  latest::defineCSCoverSheetViewController();
-  latest::defineSBPowerDownViewController();
-  latest::defineCSNotificationDispatcher();
-  latest::defineSBNotificationBannerDestination();
+  recent::defineSBHIconManager();
+  recent::defineSBIconController();
+  recent::defineCSCoverSheetViewController();
+  recent::defineSBPowerDownViewController();
+  recent::defineCSNotificationDispatcher();
+  recent::defineSBNotificationBannerDestination();
 }
 
 id menuHost() { return send<id>(send<id>("SBIconController"_cls, "sharedInstance"_sel), "iconManager"_sel); }
@@ -51,9 +51,9 @@ void postBanner(NCNotificationRequest* request, bool) {
 const PlatformActions newActions = {defineClasses,
                                     menuHost,
                                     launch,
-                                    latest::openQuickActions,
-                                    latest::chooseQuickAction,
-                                    latest::closeQuickActions,
+                                    recent::openQuickActions,
+                                    recent::chooseQuickAction,
+                                    recent::closeQuickActions,
                                     changeScreen,
                                     showPowerDown,
                                     postToLockScreen,

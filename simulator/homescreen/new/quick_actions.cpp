@@ -2,7 +2,7 @@
 
 #include "simulator/homescreen/common/SBSApplicationShortcutItem.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 namespace {
 
 struct OpenList {
@@ -78,4 +78,4 @@ void chooseQuickAction(std::size_t index) {
 
 void closeQuickActions() { openList() = {}; }
 
-}  // namespace sim::latest
+}  // namespace sim::recent

@@ -5,10 +5,10 @@
 
 #include "simulator/homescreen/common/platform_actions.hpp"
 
-namespace sim::latest {
+namespace sim::recent {
 
 std::vector<QuickActionEntry> openQuickActions(SBIconView* view);
 void chooseQuickAction(std::size_t index);
 void closeQuickActions();
 
-}  // namespace sim::latest
+}  // namespace sim::recent
