@@ -240,7 +240,7 @@ void names(int stored) {
 
 // An icon view laid out with the add-on in the process, against one without.
 void layout() {
-  constexpr int times = 20'000'000;
+  constexpr int times = 10'000'000;
   Bench hooked;
   Bench bare({.library = ""});
   const auto layOut = [&](Bench& bench) {
@@ -249,7 +249,7 @@ void layout() {
       return bench->seconds() / times;
     };
   };
-  const Least both = least(7, layOut(hooked), layOut(bare));
+  const Least both = least(20, layOut(hooked), layOut(bare));
   char added[64];
   std::snprintf(added, sizeof added, "+3 ns, is %+.2f ns", (both.figure - both.floor) * 1e9);
   report("layoutSubviews", both, added);

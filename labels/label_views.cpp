@@ -7,14 +7,16 @@ namespace {
 
 UIView* labelOf(const SBIconView* view) { return static_cast<UIView*>(view->valueForKey("_labelView"_ns)); }
 
-// Apart from the hook, which runs far more often than any label is hidden.
-[[gnu::noinline]] void hideLabel(const SBIconView* view) { labelOf(view)->setHidden(true); }
-
 void listen(SBIconView* view, SEL selector, NSString* name) {
   NSNotificationCenter::defaultCenter()->addObserver(view, selector, name);
 }
 void listenForLabelUpdates(SBIconView* view) {
   listen(view, "recievedIconLablelUpdate"_sel, "com.morvanel.sprigdial.isIconLabeUpdate"_ns);
+}
+
+void layOutAndHideLabel(SBIconView* view, SEL selector) {
+  platformLayoutSubviews(view, selector);
+  labelOf(view)->setHidden(true);
 }
 
 // A view that passes through several initialisers listens several times; hearing twice does no harm.
@@ -26,8 +28,9 @@ SBIconView* listening(SBIconView* view) {
 }  // namespace
 
 void layoutSubviews(SBIconView* view, SEL selector) {
-  platformLayoutSubviews(view, selector);
-  if (settings.enabled && settings.hideLabel) hideLabel(view);
+  // Runs very often: where nothing is to be hidden, the platform's method simply takes this one's place.
+  const auto layOut = settings.enabled && settings.hideLabel ? layOutAndHideLabel : platformLayoutSubviews;
+  layOut(view, selector);
 }
 
 void recievedIconLablelUpdate(SBIconView* view, SEL) {

@@ -25,9 +25,8 @@ NSMutableDictionary* recordAt(const NSArray* list, NSUInteger index) {
   return as<NSMutableDictionary>(list->at(index));
 }
 
-bool isFor(const NSDictionary* record, NSString* bundleIdentifier) {
-  auto* id = as<NSString>(record->objectForKey(idKey()));
-  return id != nullptr && bundleIdentifier != nullptr && id->isEqualToString(bundleIdentifier);
+bool isFor(const NSDictionary* record, const NSString* bundleIdentifier) {
+  return bundleIdentifier->isEqual(record->objectForKey(idKey()));
 }
 
 // 0 for a record without a time.
@@ -113,7 +112,7 @@ bool isMuted(NCNotificationRequest* request) {
   NSString* bundleIdentifier = request->sectionIdentifier();
   const std::int32_t time = wholeSeconds(now());
   auto* list = as<NSMutableArray>(registry->objectForKey(entriesKey()));
-  auto* expired = NSMutableArray::array();
+  NSMutableArray* expired = nullptr;
   bool muted = false;
   const NSUInteger count = list->count();
   for (NSUInteger i = 0; i < count; ++i) {
@@ -123,10 +122,11 @@ bool isMuted(NCNotificationRequest* request) {
     if (isFor(record, bundleIdentifier) && (end > time || end == withoutEnd)) {
       muted = true;
     } else if (end < time && end != withoutEnd) {
+      if (expired == nullptr) expired = NSMutableArray::array();
       expired->add(record);
     }
   }
-  list->removeAll(expired);
+  if (expired != nullptr) list->removeAll(expired);
   save();
   return muted;
 }
