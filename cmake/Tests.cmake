@@ -31,7 +31,7 @@ add_dependencies(sprigdial-tests SpringBoard home-screen minimal-host settings-p
 include(GoogleTest)
 # What the runtime and Foundation keep for the life of a process is no leak.
 gtest_discover_tests(sprigdial-tests DISCOVERY_TIMEOUT 60
-  PROPERTIES TIMEOUT 300 ENVIRONMENT ASAN_OPTIONS=detect_leaks=0)
+  PROPERTIES TIMEOUT 300 ENVIRONMENT "ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1")
 
 # The example scripts are played as they stand.
 file(GLOB scripts CONFIGURE_DEPENDS scripts/*.txt)

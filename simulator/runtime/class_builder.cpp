@@ -6,8 +6,9 @@
 namespace sim {
 
 std::map<std::string, long>& liveObjects() {
-  static std::map<std::string, long> counts;
-  return counts;
+  // Objects go until the very end of the process.
+  static auto* const counts = new std::map<std::string, long>;
+  return *counts;
 }
 
 namespace detail {

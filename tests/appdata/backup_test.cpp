@@ -292,6 +292,7 @@ TEST_P(Backup, AFailedDeletionIsSilent) {
     home->perform("deleteBackUp");
     home->tap(title);
     EXPECT_FALSE(home.showsAlert());
+    EXPECT_EQ(home.screen().windows.size(), 1U) << "the sheet's own window, empty";
     EXPECT_EQ(archives().size(), 3U);
   }
 }

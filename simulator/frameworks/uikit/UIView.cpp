@@ -11,8 +11,9 @@ namespace {
 
 // The views that are to be laid out at the end of the event. Waiting for that keeps none of them alive.
 std::set<UIView*>& needingLayout() {
-  static std::set<UIView*> views;
-  return views;
+  // Views go until the very end of the process.
+  static auto* const views = new std::set<UIView*>;
+  return *views;
 }
 
 }  // namespace

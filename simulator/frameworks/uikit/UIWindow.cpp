@@ -9,8 +9,9 @@ namespace sim {
 namespace {
 
 std::vector<UIWindow*>& windows() {
-  static std::vector<UIWindow*> living;
-  return living;
+  // Windows go until the very end of the process.
+  static auto* const living = new std::vector<UIWindow*>;
+  return *living;
 }
 
 unsigned long nextTurn() {
