@@ -66,7 +66,7 @@ Words tracingCommand(const fs::path& device, const fs::path& buildFolder) {
   Words words;
   // Root without capabilities is bound by permissions, too.
   if (geteuid() == 0) words = {"setpriv", "--bounding-set=-all", "--inh-caps=-all"};
-  words.insert(words.end(), {"proot", "--kill-on-exit", "-r", device.string(), "-w", "/", "-b", "/dev", "-b", "/proc"});
+  words.insert(words.end(), {"proot", "-r", device.string(), "-w", "/", "-b", "/dev", "-b", "/proc"});
   for (const Mount& mount : mounts(buildFolder))
     words.insert(words.end(), {"-b", std::string(mount.from).append(":").append(mount.to)});
   return words;

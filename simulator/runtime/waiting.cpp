@@ -7,8 +7,8 @@
 namespace sim {
 namespace {
 
-void wait(int descriptor) {
-  pollfd waiting{descriptor, POLLIN, 0};
+void wait(int program) {
+  pollfd waiting{program, POLLIN, 0};
   while (poll(&waiting, 1, -1) <= 0) continue;
 }
 
@@ -19,7 +19,7 @@ std::function<void(int)>& current() {
 
 }  // namespace
 
-void waitUntilReadable(int descriptor) { current()(descriptor); }
+void waitForProgram(int program) { current()(program); }
 
 void setWaiting(std::function<void(int)> wait) { current() = std::move(wait); }
 

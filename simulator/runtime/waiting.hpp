@@ -1,13 +1,14 @@
-// How the main thread waits for something outside the process.
+// How the main thread waits for a program.
 #pragma once
 
 #include <functional>
 
 namespace sim {
 
-/// Waits until the file descriptor can be read. The main thread does nothing else meanwhile.
-void waitUntilReadable(int descriptor);
-/// Lets the main thread wait in another way from now on, as long as that is what it does.
-void setWaiting(std::function<void(int descriptor)> wait);
+/// Waits until the program, given by a file descriptor of its process, has ended. The main thread does nothing else
+/// meanwhile.
+void waitForProgram(int program);
+/// Lets the main thread wait for programs in another way from now on.
+void setWaiting(std::function<void(int program)> wait);
 
 }  // namespace sim

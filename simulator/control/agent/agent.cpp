@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <optional>
@@ -18,6 +19,11 @@
 #include "simulator/runtime/main_queue.hpp"
 #include "simulator/runtime/objc.hpp"
 #include "simulator/runtime/waiting.hpp"
+
+// The C library's header says nothing of C++.
+extern "C" {
+#include <sys/pidfd.h>
+}
 
 namespace sim {
 namespace {
@@ -81,13 +87,18 @@ class Conversation {
       pollfd waiting[] = {{program, POLLIN, 0}, {socket_, driver, 0}};
       if (poll(waiting, 2, -1) <= 0) continue;
       if (waiting[0].revents != 0) return;
-      // Nobody is left to wait for.
-      if ((waiting[1].revents & (POLLRDHUP | POLLHUP)) != 0) std::_Exit(EXIT_SUCCESS);
+      if ((waiting[1].revents & (POLLRDHUP | POLLHUP)) != 0) endWith(program);
       listens = receive() && answerLooks();
     }
   }
 
  private:
+  // Nobody is left to wait for.
+  [[noreturn]] static void endWith(int program) {
+    pidfd_send_signal(program, SIGKILL, nullptr, 0);
+    std::_Exit(EXIT_SUCCESS);
+  }
+
   std::optional<std::size_t> nextLine() const {
     const std::size_t end = received_.find('\n');
     return end != std::string::npos ? std::optional(end) : std::nullopt;

@@ -20,7 +20,7 @@ void waitUntilExit(id self, SEL) {
   while (send<BOOL>(self, "isRunning"_sel)) {
     const int program = pidfd_open(pid, 0);
     if (program < 0) return;
-    waitUntilReadable(program);
+    waitForProgram(program);
     close(program);
   }
 }
