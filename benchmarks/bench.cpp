@@ -24,11 +24,13 @@ constexpr const char* app = "com.example.notes";
 constexpr const char* settingsFile = "/var/mobile/Library/Preferences/com.morvanel.sprigdial.plist";
 constexpr const char* muteList = "/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist";
 
+/// Where writing a file takes no longer at one time than at another.
+const fs::path inMemory = "/dev/shm";
+
 /// A home screen on a device of its own.
 class Bench {
  public:
-  explicit Bench(sim::HomeScreen::Options options = {}, const fs::path& parent = fs::temp_directory_path())
-      : folder_(parent), home_(prepared(std::move(options), folder_.path())) {}
+  explicit Bench(sim::HomeScreen::Options options = {}) : home_(prepared(std::move(options), folder_.path())) {}
 
   sim::HomeScreen* operator->() { return &home_; }
   fs::path onThisPC(const fs::path& path) { return home_.device().resolve(path.string()); }
@@ -43,12 +45,9 @@ class Bench {
     options.device = folder / "device";
     return options;
   }
-  sim::TemporaryFolder folder_;
+  sim::TemporaryFolder folder_{inMemory};
   sim::HomeScreen home_;
 };
-
-/// Where writing a file takes no longer at one time than at another.
-const fs::path inMemory = "/dev/shm";
 
 /// The least seconds of several runs of two things, taken in turns so that both meet the same machine.
 struct Least {
@@ -153,7 +152,7 @@ void fillDocuments(const fs::path& folder, int megabytes) {
 
 // A backup and a restore of a large container, against the bare archiver.
 void archiving(int megabytes) {
-  constexpr int runs = 3;
+  constexpr int runs = 5;
   Bench bench;
   const fs::path container = bench.container();
   const fs::path store = fs::path("/var/mobile/Documents/Sprigdial") / app;
@@ -161,17 +160,13 @@ void archiving(int megabytes) {
   fillDocuments(bench.onThisPC(container / "Documents"), megabytes);
   fs::create_directories(bench.onThisPC(store));
   bench->touch(app);
-  // What is still on its way to the disk is no part of the next run.
-  const auto settle = [] { sync(); };
   const auto backUp = [&] {
-    settle();
     bench->perform("backUpData");
     const double seconds = bench->seconds();
     bench->tap("OK").advance(1);
     return seconds;
   };
   const auto archive = [&] {
-    settle();
     bench.measure("run", {{"folder", store}, {"command", {archiver, "cfz", "0000-bare", container}}});
     return bench->seconds();
   };
@@ -179,14 +174,12 @@ void archiving(int megabytes) {
   report("backup" + size, least(runs, backUp, archive), "1.02");
 
   const auto restore = [&] {
-    settle();
     bench->perform("restoreData").tap("0000-bare");
     const double seconds = bench->seconds();
     bench->tap("OK");
     return seconds;
   };
   const auto unpack = [&] {
-    settle();
     bench.measure("remove", {{"path", container}});
     const double removing = bench->seconds();
     bench.measure("run", {{"folder", store}, {"command", {archiver, "xfz", "0000-bare", "-C", "/"}}});
@@ -201,8 +194,8 @@ void muted(int records) {
   nlohmann::ordered_json entries = nlohmann::ordered_json::array();
   for (int i = 0; i < records; ++i)
     entries.push_back({{"id", "com.example.app" + std::to_string(i)}, {"timeStamp", 2'000'000'000.5}});
-  Bench hooked({}, inMemory);
-  Bench bare({.library = ""}, inMemory);
+  Bench hooked;
+  Bench bare({.library = ""});
   for (Bench* bench : {&hooked, &bare}) {
     sim::PropertyList({{"entries", entries}}).write(bench->onThisPC(muteList));
     (*bench)->respring();
@@ -221,7 +214,7 @@ void muted(int records) {
 
 // An icon asked for its name, against reading the same file for one value.
 void names(int stored) {
-  Bench bench({}, inMemory);
+  Bench bench;
   nlohmann::ordered_json settings = nlohmann::ordered_json::object();
   settings["enabled"] = true;
   for (int i = 0; i < stored; ++i) settings["com.example.app" + std::to_string(i)] = "Name " + std::to_string(i);
@@ -279,7 +272,7 @@ std::string withoutInitialiser(std::string library) {
 void startUp() {
   constexpr int runs = 15;
   const auto library = sim::readFile(sim::HomeScreen::ownFolder() / "Sprigdial.so");
-  const sim::TemporaryFolder folder;
+  const sim::TemporaryFolder folder(inMemory);
   const auto boot = [&](const std::string& path) {
     sim::HomeScreen::Options options;
     options.device = folder.path() / "device";
