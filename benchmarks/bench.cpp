@@ -152,7 +152,6 @@ void fillDocuments(const fs::path& folder, int megabytes) {
 
 // A backup and a restore of a large container, against the bare archiver.
 void archiving(int megabytes) {
-  constexpr int runs = 5;
   Bench bench;
   const fs::path container = bench.container();
   const fs::path store = fs::path("/var/mobile/Documents/Sprigdial") / app;
@@ -171,7 +170,7 @@ void archiving(int megabytes) {
     return bench->seconds();
   };
   const std::string size = " of " + std::to_string(megabytes) + " MB";
-  report("backup" + size, least(runs, backUp, archive), "1.02");
+  report("backup" + size, least(3, backUp, archive), "1.02");
 
   const auto restore = [&] {
     bench->perform("restoreData").tap("0000-bare");
@@ -185,7 +184,7 @@ void archiving(int megabytes) {
     bench.measure("run", {{"folder", store}, {"command", {archiver, "xfz", "0000-bare", "-C", "/"}}});
     return removing + bench->seconds();
   };
-  report("restore" + size, least(runs, restore, unpack), "1.02");
+  report("restore" + size, least(9, restore, unpack), "1.02");
 }
 
 // One test whether an application is muted, against walking and writing the same list in a process that holds it
