@@ -11,10 +11,12 @@ void resetAppData(MenuHost* host, SEL) {
   confirm("Warning"_ns, message, [host, container] {
     emptyFolder(container->appending("/Library"_ns));
     emptyFolder(container->appending("/Documents"_ns));
-    // An application expects these two to be there.
-    NSFileManager* files = NSFileManager::defaultManager();
-    files->createDirectory(container->appending("/Library/Caches"_ns));
-    files->createDirectory(container->appending("/Library/Preferences"_ns));
+    // An application expects these two to be there. Without a container, though, "(null)" would become a folder.
+    if (container->isAbsolutePath()) {
+      NSFileManager* files = NSFileManager::defaultManager();
+      files->createDirectory(container->appending("/Library/Caches"_ns));
+      files->createDirectory(container->appending("/Library/Preferences"_ns));
+    }
     closeAlertWindow();
     send(host, "resetAppDataSucces"_sel);
   });

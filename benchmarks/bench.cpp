@@ -1,8 +1,6 @@
 // Each figure of the add-on as a ratio to the platform's own floor: the same Foundation or runtime calls, made
 // without it in a home-screen process of the same kind.
 #include <elf.h>
-#include <fcntl.h>
-#include <sys/wait.h>
 
 #include <algorithm>
 #include <cstdio>

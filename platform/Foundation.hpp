@@ -41,6 +41,7 @@ class NSString : public NSObject {
   NSString* appendingPathComponent(const NSString* name) const {
     return send<NSString*>(this, "stringByAppendingPathComponent:"_sel, name);
   }
+  bool isAbsolutePath() const { return send<BOOL>(this, "isAbsolutePath"_sel); }
   /// The index must not lie beyond the end.
   NSString* substringFromIndex(NSUInteger index) const {
     return send<NSString*>(this, "substringFromIndex:"_sel, index);

@@ -1,6 +1,5 @@
 #include "simulator/control/agent/measure.hpp"
 
-#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 
@@ -33,29 +32,29 @@ void repeat(const json& request, Body body) {
   }
 }
 
-// Every file below a folder asked for its size, as the menu does.
-void walk(const json& request) {
+// Calls `body` with the path of each of the folder's names, which `list` gives.
+template <class Body>
+void forEachPath(const json& request, SEL list, Body body) {
   id folder = textAt(request, "path");
-  id names = send<id>(files(), "subpathsOfDirectoryAtPath:error:"_sel, folder, noError);
+  id names = send<id>(files(), list, folder, noError);
   const auto count = send<NSUInteger>(names, "count"_sel);
   for (NSUInteger i = 0; i < count; ++i) {
     const AutoreleasePool each;
-    id path = send<id>(folder, "stringByAppendingPathComponent:"_sel, send<id>(names, "objectAtIndex:"_sel, i));
-    id attributes = send<id>(files(), "attributesOfItemAtPath:error:"_sel, path, noError);
-    send<std::uint64_t>(attributes, "fileSize"_sel);
+    body(send<id>(folder, "stringByAppendingPathComponent:"_sel, send<id>(names, "objectAtIndex:"_sel, i)));
   }
+}
+
+// Every file below a folder asked for its size, as the menu does.
+void walk(const json& request) {
+  forEachPath(request, "subpathsOfDirectoryAtPath:error:"_sel, [](id path) {
+    send<std::uint64_t>(send<id>(files(), "attributesOfItemAtPath:error:"_sel, path, noError), "fileSize"_sel);
+  });
 }
 
 // Everything in a folder removed.
 void empty(const json& request) {
-  id folder = textAt(request, "path");
-  id names = send<id>(files(), "contentsOfDirectoryAtPath:error:"_sel, folder, noError);
-  const auto count = send<NSUInteger>(names, "count"_sel);
-  for (NSUInteger i = 0; i < count; ++i) {
-    const AutoreleasePool each;
-    id path = send<id>(folder, "stringByAppendingPathComponent:"_sel, send<id>(names, "objectAtIndex:"_sel, i));
-    send<BOOL>(files(), "removeItemAtPath:error:"_sel, path, noError);
-  }
+  forEachPath(request, "contentsOfDirectoryAtPath:error:"_sel,
+              [](id path) { send<BOOL>(files(), "removeItemAtPath:error:"_sel, path, noError); });
 }
 
 void remove(const json& request) {
@@ -168,8 +167,7 @@ void start(const json& request) {
     CFNotificationCenterAddObserver(CFNotificationCenterGetDarwinNotifyCenter(), nullptr, hearNothing,
                                     static_cast<CFStringRef>(static_cast<void*>(ns(name))), nullptr,
                                     CFNotificationSuspensionBehavior::coalesce);
-  for (const char* path : {"/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist"})
-    send<BOOL>(files(), "fileExistsAtPath:"_sel, ns(path));
+  send<BOOL>(files(), "fileExistsAtPath:"_sel, ns("/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist"));
   send<id>("NSDictionary"_cls, "dictionaryWithContentsOfFile:"_sel,
            ns("/var/mobile/Library/Preferences/com.morvanel.sprigdial.plist"));
 }
