@@ -2,22 +2,28 @@
 
 #include "platform/CoreFoundation.hpp"
 
-void closeAlertWindow() {
+// Each of these leaves the window to its slot alone: a pool of its own lets go of what it used.
+
+void dropAlertWindow() {
+  const AutoreleasePool pool;
   alertWindow->setHidden(true);
   alertWindow.clear();
+}
+
+void closeAlertWindow() {
+  dropAlertWindow();
   alertRootController.clear();
 }
 
 void openAlertWindow() {
-  if (alertWindow) {
-    alertWindow->setHidden(true);
-    alertWindow.clear();
-  }
-  alertWindow.set(UIWindow::withFrame(UIScreen::mainScreen()->bounds()));
-  alertWindow->setWindowLevel(UIWindowLevelAlert - 1.0);
-  alertWindow->makeKeyAndVisible();
-  alertWindow->setRootViewController(UIViewController::make());
-  alertRootController.set(alertWindow->rootViewController());
+  const AutoreleasePool pool;
+  dropAlertWindow();
+  UIWindow* window = UIWindow::withFrame(UIScreen::mainScreen()->bounds());
+  alertWindow.set(window);
+  window->setWindowLevel(UIWindowLevelAlert - 1.0);
+  window->makeKeyAndVisible();
+  window->setRootViewController(UIViewController::make());
+  alertRootController.set(window->rootViewController());
 }
 
 void anchorPopover(UIAlertController* sheet) {

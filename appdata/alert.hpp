@@ -8,7 +8,9 @@ inline constinit Slot<UIWindow> alertWindow;
 /// The window's root controller, from which sheets and alerts are presented.
 inline constinit Slot<UIViewController> alertRootController;
 
-/// Takes the window off the screen and lets go of it and of its root controller at once.
+/// Takes the window, if there is one, off the screen and lets go of it. Its root controller stays.
+void dropAlertWindow();
+/// Takes the window, if there is one, off the screen and lets go of it and of its root controller at once.
 void closeAlertWindow();
 /// Replaces the window by a new one, full-screen and just below the system's own alerts.
 void openAlertWindow();
@@ -27,7 +29,7 @@ void presentMessage(NSString* title, NSString* message, UIAlertActionStyle style
 template <class Action>
 void confirm(NSString* title, NSString* message, Action action) {
   auto* alert = UIAlertController::alertController(title, message, UIAlertControllerStyle::alert);
-  alert->addAction(UIAlertAction::action("YES"_ns, UIAlertActionStyle::standard, action));
+  alert->addAction(UIAlertAction::action("YES"_ns, UIAlertActionStyle::standard, static_cast<Action&&>(action)));
   alert->addAction(cancelAction());
   presentAlert(alert);
 }

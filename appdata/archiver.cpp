@@ -6,7 +6,7 @@ bool runArchiver(NSString* folder, NSArray* arguments) {
   if (!files->isExecutableFile("/usr/bin/tar"_ns) || files->contentsOfDirectory("/usr/bin/tar"_ns) != nullptr ||
       files->contentsOfDirectory(folder) == nullptr)
     return false;
-  const auto task = NSTask::make();
+  NSTask* task = NSTask::make();
   task->setCurrentDirectoryPath(folder);
   task->setLaunchPath("/usr/bin/tar"_ns);
   task->setArguments(arguments);

@@ -6,14 +6,17 @@
 namespace appdata {
 
 void clearCaches(MenuHost* host, SEL) {
-  const Ref<NSString> caches = dataContainer()->appending("/Library/Caches"_ns);
-  confirm(targetName(), "Are you sure you want to clear the caches?"_ns, [host, caches] {
-    emptyFolder(caches);
-    closeAlertWindow();
-    send(host, "clearCachesSucces"_sel);
-  });
+  const DataContainer container = lookUpDataContainer();
+  NSString* caches = container.path->appending("/Library/Caches"_ns);
+  NSFileManager* files = NSFileManager::defaultManager();
+  confirm(container.title, "Are you sure you want to clear the caches?"_ns,
+          [host, files = Ref(files), caches = Ref(caches)] {
+            emptyFolder(files, caches);
+            closeAlertWindow();
+            send(host, "clearCachesSucces"_sel);
+          });
 }
 
-void clearCachesSucces(MenuHost*, SEL) { presentMessage(targetName(), "Cache cleared successfully"_ns); }
+void clearCachesSucces(MenuHost*, SEL) { presentMessage(lookUpDataContainer().title, "Cache cleared successfully"_ns); }
 
 }  // namespace appdata

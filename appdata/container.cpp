@@ -6,22 +6,28 @@ SBApplication* targetApplication() {
   return SBApplicationController::sharedInstance()->application(currentBundleIdentifier.get());
 }
 
-NSString* targetName() { return formatted(targetApplication()->displayName()); }
+NSString* nameOf(const SBApplication* application) { return formatted(application->displayName()); }
 
-NSString* dataContainer() { return formatted(targetApplication()->info()->dataContainerURL()->path()); }
+NSString* dataFolderOf(const SBApplicationInfo* info) { return formatted(info->dataContainerURL()->path()); }
 
-NSString* bundleText() {
+NSString* bundleTextOf(const SBApplicationInfo* info) {
   constexpr NSUInteger schemeLength = 7;  // "file://"
-  NSString* location = formatted(targetApplication()->info()->installInstanceID());
+  NSString* location = formatted(info->installInstanceID());
   return location->length() < schemeLength ? nullptr : location->substringFromIndex(schemeLength);
 }
 
-NSString* backupFolder() {
-  return "/var/mobile/Documents/Sprigdial/"_ns->appending(formatted(currentBundleIdentifier.get()));
+DataContainer lookUpDataContainer() {
+  NSString* identifier = currentBundleIdentifier.get();
+  const SBApplication* application = SBApplicationController::sharedInstance()->application(identifier);
+  NSString* title = nameOf(application);
+  return {identifier, title, dataFolderOf(application->info())};
 }
 
-void emptyFolder(const NSString* folder) {
-  NSFileManager* files = NSFileManager::defaultManager();
+NSString* backupFolder(NSString* bundleIdentifier) {
+  return "/var/mobile/Documents/Sprigdial/"_ns->appending(formatted(bundleIdentifier));
+}
+
+void emptyFolder(const NSFileManager* files, const NSString* folder) {
   NSArray* names = files->contentsOfDirectory(folder);
   const NSUInteger count = names->count();
   for (NSUInteger i = 0; i < count; ++i) {

@@ -14,12 +14,12 @@ void openInFileManager(NSString* path) {
 }  // namespace
 
 void openInFilzaApp(MenuHost*, SEL) {
-  NSString* bundle = bundleText();
+  NSString* bundle = bundleTextOf(targetApplication()->info());
   if (bundle == nullptr) return;
   NSString* propertyList = bundle->appending(NSString::text(Generation::current().bundlePlist));
   openInFileManager(NSFileManager::defaultManager()->fileExists(propertyList) ? propertyList : bundle);
 }
 
-void openInFilzaData(MenuHost*, SEL) { openInFileManager(dataContainer()->appending("/Documents"_ns)); }
+void openInFilzaData(MenuHost*, SEL) { openInFileManager(lookUpDataContainer().path->appending("/Documents"_ns)); }
 
 }  // namespace appdata

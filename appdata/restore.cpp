@@ -4,7 +4,6 @@
 #include "appdata/archiver.hpp"
 #include "appdata/container.hpp"
 #include "appdata/result.hpp"
-#include "state/target.hpp"
 
 namespace appdata {
 namespace {
@@ -17,11 +16,11 @@ NSString* archiveOf(UIAlertAction* button) {
 // A name of one or two blanks becomes one of these: the backup folder itself, and the folder of all backups.
 bool isFolder(NSString* archive) { return archive->isEqualToString("."_ns) || archive->isEqualToString(".."_ns); }
 
-// Offers the archives of `folder`, latest name first.
+// Offers the application's archives, latest name first.
 template <class Choose>
-void offer(NSArray* archives, Choose choose) {
-  auto* sheet = UIAlertController::alertController(targetName(), currentBundleIdentifier.get(),
-                                                   UIAlertControllerStyle::actionSheet);
+void offer(const DataContainer& container, NSArray* archives, const Choose& choose) {
+  auto* sheet =
+      UIAlertController::alertController(container.title, container.identifier, UIAlertControllerStyle::actionSheet);
   NSArray* latestFirst = archives->sortedDescending();
   const NSUInteger count = latestFirst->count();
   for (NSUInteger i = 0; i < count; ++i) {
@@ -34,36 +33,42 @@ void offer(NSArray* archives, Choose choose) {
   alertRootController->present(sheet, [] {});
 }
 
-void tellThatThereIsNone() { presentMessage(targetName(), "Please Use BackUp first!"_ns); }
+void tellThatThereIsNone(NSString* title) { presentMessage(title, "Please Use BackUp first!"_ns); }
 
 }  // namespace
 
 void restoreData(MenuHost* host, SEL) {
-  const Ref<NSString> container = dataContainer();
-  const Ref<NSString> folder = backupFolder();
-  NSArray* archives = NSFileManager::defaultManager()->contentsOfDirectory(folder);
+  const DataContainer container = lookUpDataContainer();
+  NSString* folder = backupFolder(container.identifier);
+  NSFileManager* files = NSFileManager::defaultManager();
+  NSError* error = nullptr;
+  NSArray* archives = files->contentsOfDirectory(folder, &error);
   // An empty folder is offered as an empty sheet here; only deleting has something to say about it.
-  if (archives == nullptr) return tellThatThereIsNone();
-  offer(archives, [host, container, folder](UIAlertAction* button) {
-    NSString* archive = archiveOf(button);
-    send(host, "showLoadingView"_sel);
-    NSFileManager::defaultManager()->removeItem(container);
-    if (!runArchiver(folder, NSMutableArray::of("xfz"_ns, archive, "-C"_ns, "/"_ns))) return;
-    send(host, "restoreDataSucces"_sel);
-  });
+  if (error != nullptr) return tellThatThereIsNone(container.title);
+  offer(container, archives,
+        [host, files = Ref(files), path = Ref(container.path), folder = Ref(folder)](UIAlertAction* button) {
+          NSString* archive = archiveOf(button);
+          send(host, "showLoadingView"_sel);
+          files->removeItem(path);
+          if (!runArchiver(folder, NSMutableArray::of("xfz"_ns, archive, "-C"_ns, "/"_ns))) return;
+          send(host, "restoreDataSucces"_sel);
+        });
 }
 
 void restoreDataSucces(MenuHost*, SEL) { presentResult("Restore data successfully"_ns); }
 
 void deleteBackUp(MenuHost* host, SEL) {
-  const Ref<NSString> folder = backupFolder();
-  NSArray* archives = NSFileManager::defaultManager()->contentsOfDirectory(folder);
-  if (archives->count() == 0) return tellThatThereIsNone();
-  offer(archives, [host, folder](UIAlertAction* button) {
+  const DataContainer container = lookUpDataContainer();
+  NSString* folder = backupFolder(container.identifier);
+  NSFileManager* files = NSFileManager::defaultManager();
+  NSError* error = nullptr;
+  NSArray* archives = files->contentsOfDirectory(folder, &error);
+  if (error != nullptr || archives->count() == 0) return tellThatThereIsNone(container.title);
+  offer(container, archives, [host, files = Ref(files), folder = Ref(folder)](UIAlertAction* button) {
     NSString* archive = archiveOf(button);
     if (isFolder(archive)) return;
     NSString* path = folder->appending("/"_ns)->appending(archive);
-    if (NSFileManager::defaultManager()->removeItem(path)) send(host, "deleteBackUpSucces"_sel);
+    if (files->removeItem(path)) send(host, "deleteBackUpSucces"_sel);
   });
 }
 

@@ -2,6 +2,9 @@
 
 #include "appdata/alert.hpp"
 #include "appdata/container.hpp"
-#include "state/target.hpp"
 
-void presentResult(NSString* message) { presentMessage(currentBundleIdentifier ? targetName() : nullptr, message); }
+void presentResult(NSString* message) {
+  dropAlertWindow();
+  const DataContainer container = lookUpDataContainer();
+  presentMessage(container.identifier != nullptr ? container.title : nullptr, message);
+}

@@ -13,7 +13,8 @@ void clearBadges(MenuHost* host, SEL) {
 }
 
 void setBadges(MenuHost*, SEL) {
-  auto* alert = UIAlertController::alertController("Set Custom Badge"_ns, targetName(), UIAlertControllerStyle::alert);
+  auto* alert = UIAlertController::alertController("Set Custom Badge"_ns, nameOf(targetApplication()),
+                                                   UIAlertControllerStyle::alert);
   alert->addTextField([](UITextField* field) {
     if (settings.useText) {
       field->setClearButtonMode(UITextFieldViewMode::always);
@@ -22,9 +23,9 @@ void setBadges(MenuHost*, SEL) {
       field->setKeyboardType(UIKeyboardType::numberPad);
     }
   });
-  // The alert is on the screen while its button is tapped; a reference from its own button would keep it
-  // alive for ever when it is replaced without a tap.
-  alert->addAction(UIAlertAction::action("Apply"_ns, UIAlertActionStyle::standard, [alert] {
+  // The button keeps its alert, which may have left the screen by the time the button has its turn. The platform
+  // breaks the circle: an alert that has disappeared lets go of its buttons' handlers.
+  alert->addAction(UIAlertAction::action("Apply"_ns, UIAlertActionStyle::standard, [alert = Ref(alert)] {
     // An empty text is a badge value like any other: what it means is the system's affair.
     FBSSystemService::sharedService()->setBadgeValue(alert->firstTextField()->text(), currentBundleIdentifier.get());
     closeAlertWindow();

@@ -23,7 +23,7 @@ NSString* lineOf(NSDictionary* urlType) {
   return line->appending("\n"_ns);
 }
 
-NSString* listingOf(NSArray* urlTypes) {
+NSString* listingOf(const NSArray* urlTypes) {
   NSString* listing = ""_ns;
   const NSUInteger count = urlTypes->count();
   for (NSUInteger i = 0; i < count; ++i) {
@@ -33,12 +33,11 @@ NSString* listingOf(NSArray* urlTypes) {
   return listing;
 }
 
-// Nil when the application declares none.
-NSArray* declaredTypes() {
-  NSString* bundle = bundleText();
+// What the application declares, of whatever kind; nil when it declares nothing.
+NSObject* declaredTypes() {
+  NSString* bundle = bundleTextOf(targetApplication()->info());
   if (bundle == nullptr) return nullptr;
-  return as<NSArray>(
-      NSDictionary::withContentsOfFile(bundle->appending("/Info.plist"_ns))->objectForKey("CFBundleURLTypes"_ns));
+  return NSDictionary::withContentsOfFile(bundle->appending("/Info.plist"_ns))->objectForKey("CFBundleURLTypes"_ns);
 }
 
 }  // namespace
@@ -48,8 +47,8 @@ void copyBundleIdentifier() {
 }
 
 void copyURLSchemes() {
-  NSArray* types = declaredTypes();
-  NSString* listing = listingOf(types);
+  NSObject* types = declaredTypes();
+  NSString* listing = listingOf(as<NSArray>(types));
   // Also an empty listing: whoever pastes next must not find the text of another application.
   if (types != nullptr) copy(listing);
   if (listing->length() > 0) return;

@@ -14,11 +14,6 @@ void listenForLabelUpdates(SBIconView* view) {
   listen(view, "recievedIconLablelUpdate"_sel, "com.morvanel.sprigdial.isIconLabeUpdate"_ns);
 }
 
-void layOutAndHideLabel(SBIconView* view, SEL selector) {
-  platformLayoutSubviews(view, selector);
-  labelOf(view)->setHidden(true);
-}
-
 // A view that passes through several initialisers listens several times; hearing twice does no harm.
 SBIconView* listening(SBIconView* view) {
   send(view, "_sprigDial_registerNotification"_sel);
@@ -28,9 +23,8 @@ SBIconView* listening(SBIconView* view) {
 }  // namespace
 
 void layoutSubviews(SBIconView* view, SEL selector) {
-  // Runs very often: where nothing is to be hidden, the platform's method simply takes this one's place.
-  const auto layOut = settings.enabled && settings.hideLabel ? layOutAndHideLabel : platformLayoutSubviews;
-  layOut(view, selector);
+  platformLayoutSubviews(view, selector);
+  if (settings.enabled && settings.hideLabel) labelOf(view)->setHidden(true);
 }
 
 void recievedIconLablelUpdate(SBIconView* view, SEL) {
@@ -48,8 +42,10 @@ void registerNotification(SBIconView* view, SEL) {
 }
 
 SBIconView* initWithContentType(SBIconView* view, SEL selector, NSUInteger contentType) {
+  // The receiver listens; an initialiser that gives another object in its place has let go of it by then.
+  kept(view);
   SBIconView* made = platformInitWithContentType(view, selector, contentType);
-  if (made != nullptr) listenForLabelUpdates(made);
+  if (made != nullptr) listenForLabelUpdates(view);
   return made;
 }
 

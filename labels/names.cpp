@@ -5,23 +5,27 @@
 namespace labels {
 namespace {
 
-// Read from the file each time, so that a new name shows without any reload. Nil when none is stored.
-NSString* storedName(const NSString* bundleIdentifier) {
-  if (bundleIdentifier == nullptr) return nullptr;
-  return as<NSString>(NSDictionary::withContentsOfFile(settingsFile())->objectForKey(bundleIdentifier));
+// The file is read each time, so that a new name shows without any reload.
+NSDictionary* storedNames() { return NSDictionary::withContentsOfFile(settingsFile()); }
+
+// Nil when none is stored.
+NSString* storedName(const NSDictionary* stored, const NSString* bundleIdentifier) {
+  return bundleIdentifier != nullptr ? as<NSString>(stored->objectForKey(bundleIdentifier)) : nullptr;
 }
 
 NSString* shownName(const SBIcon* icon) {
-  return settings.enabled && bypassNames == 0 ? storedName(icon->leafIdentifier()) : nullptr;
+  if (!settings.enabled || bypassNames != 0) return nullptr;
+  const NSDictionary* stored = storedNames();
+  return storedName(stored, icon->leafIdentifier());
 }
 
 }  // namespace
 
 void storeName(NSString* bundleIdentifier, NSString* name) {
-  if (bundleIdentifier == nullptr || name == nullptr) return;
-  auto* stored = NSMutableDictionary::copyOf(NSDictionary::withContentsOfFile(settingsFile()));
+  if (bundleIdentifier == nullptr) return;
+  auto* stored = NSMutableDictionary::copyOf(storedNames());
   if (stored == nullptr) stored = NSMutableDictionary::dictionary();
-  stored->set(name, bundleIdentifier);
+  stored->setValue(name, bundleIdentifier);
   stored->writeToFileAtomically(settingsFile());
   constexpr double firstVersionWithPreferences = 1000.0;
   if (kCFCoreFoundationVersionNumber >= firstVersionWithPreferences)
@@ -40,8 +44,9 @@ NSString* iconNameForLocation(SBIcon* icon, SEL selector, NSInteger location) {
 
 NSString* applicationName(SBApplication* application, SEL selector) {
   // Not bypassed while the dialog reads the icon's own name: the application keeps its new one throughout.
-  NSString* name = settings.enabled ? storedName(application->bundleIdentifier()) : nullptr;
-  return name != nullptr ? name : platformApplicationName(application, selector);
+  const NSDictionary* stored = storedNames();
+  NSString* name = storedName(stored, application->bundleIdentifier());
+  return settings.enabled && name != nullptr ? name : platformApplicationName(application, selector);
 }
 
 }  // namespace labels

@@ -8,7 +8,8 @@ namespace labels {
 /// While not zero, icons answer with the system's own name.
 inline constinit int bypassNames = 0;
 
-/// Stores the application's new name in the settings pane's file, which keeps everything else.
+/// Stores the application's new name in the settings pane's file, which keeps everything else. A nil name takes the
+/// stored one away.
 void storeName(NSString* bundleIdentifier, NSString* name);
 
 NSString* iconName(SBIcon* icon, SEL selector);

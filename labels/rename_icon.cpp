@@ -4,6 +4,7 @@
 
 #include "appdata/alert.hpp"
 #include "labels/names.hpp"
+#include "platform/dispatch.hpp"
 #include "state/generation.hpp"
 
 namespace labels {
@@ -12,41 +13,47 @@ namespace {
 /// The object as the runtime lays it out: NSObject's own part, then the three instance variables in order.
 class RenameIcon : public NSObject {
  public:
-  SBIcon*& icon() { return variable<SBIcon>("_icon"); }
-  SBIconView*& iconView() { return variable<SBIconView>("_iconView"); }
-  NSString*& renameTitle() { return variable<NSString>("renameTitle"); }
+  Slot<SBIcon>& icon() { return variable<SBIcon>("_icon"); }
+  Slot<SBIconView>& iconView() { return variable<SBIconView>("_iconView"); }
+  Slot<NSString>& renameTitle() { return variable<NSString>("renameTitle"); }
 
  private:
   template <class T>
-  T*& variable(const char* name) {
+  Slot<T>& variable(const char* name) {
     const Ivar ivar = class_getInstanceVariable("RenameIcon"_cls, name);
-    return *reinterpret_cast<T**>(reinterpret_cast<char*>(this) + ivar_getOffset(ivar));
+    return *reinterpret_cast<Slot<T>*>(reinterpret_cast<char*>(this) + ivar_getOffset(ivar));
   }
 };
 
 // The latest renamer, kept alive while its dialog is up.
 constinit Slot<RenameIcon> currentRenamer;
-constinit Slot<UIAlertController> dialog;
 
-template <class T>
-void replace(T*& variable, T* object) {
-  objc_retain(object);
-  T* previous = variable;
-  variable = object;
-  objc_release(previous);
-}
+/// The dialog that was shown last: whose it is, and what it was presented from.
+struct Dialog {
+  Slot<RenameIcon> renamer;
+  Slot<UIAlertController> controller;
+  Slot<UIViewController> presenter;
+};
+constinit Dialog dialog;
 
 void releaseVariables(RenameIcon* self, SEL) {
-  replace<SBIcon>(self->icon(), nullptr);
-  replace<SBIconView>(self->iconView(), nullptr);
-  replace<NSString>(self->renameTitle(), nullptr);
+  self->icon().clear();
+  self->iconView().clear();
+  self->renameTitle().clear();
 }
 
-// The dialog has ended. `self` lives on while a handler of the dialog runs.
+// A renamer whose dialog has made way for something else leaves the window to that.
+void closeDialog(const RenameIcon* self) {
+  if (dialog.renamer.holds(self) && alertRootController.holds(dialog.presenter.get())) closeAlertWindow();
+}
+
 void finish(RenameIcon* self) {
-  if (currentRenamer.get() == self) currentRenamer.clear();
+  if (currentRenamer.holds(self)) currentRenamer.clear();
   releaseVariables(self, nullptr);
-  dialog.clear();
+  if (!dialog.renamer.holds(self)) return;
+  dialog.renamer.clear();
+  dialog.controller.clear();
+  dialog.presenter.clear();
 }
 
 void dealloc(RenameIcon* self, SEL) {
@@ -58,14 +65,13 @@ RenameIcon* init(RenameIcon* self, SEL, SBIcon* icon, SBIconView* iconView) {
   self = sendSuper<RenameIcon*>(self, "NSObject"_cls, "init"_sel);
   if (self == nullptr) return nullptr;
   currentRenamer.set(self);
-  replace(self->icon(), icon);
-  replace(self->iconView(), iconView);
+  self->icon().set(icon);
+  self->iconView().set(iconView);
   return self;
 }
 
 RenameIcon* renamer(Class cls, SEL, SBIcon* icon, SBIconView* iconView) {
-  auto* made = send<RenameIcon*>(send<id>(cls, "alloc"_sel), "initWithIcon:iconView:"_sel, icon, iconView);
-  return static_cast<RenameIcon*>(objc_autorelease(made));
+  return autoreleased(send<RenameIcon*>(send<id>(cls, "alloc"_sel), "initWithIcon:iconView:"_sel, icon, iconView));
 }
 
 void receiveTouch(RenameIcon* self, SEL) {
@@ -76,6 +82,8 @@ void receiveTouch(RenameIcon* self, SEL) {
 // The dialog begins with the application's own name, not with a stored one.
 NSString* systemName(SBIcon* icon) {
   constexpr NSInteger homeScreen = 0;
+  // Should the platform raise here, the stored names come back all the same.
+  dispatch::onNextTurn([] { bypassNames = 0; });
   ++bypassNames;
   NSString* name = icon->respondsToSelector("displayNameForLocation:"_sel)
                        ? send<NSString*>(icon, "displayNameForLocation:"_sel, homeScreen)
@@ -85,33 +93,37 @@ NSString* systemName(SBIcon* icon) {
 }
 
 void show(RenameIcon* self, SEL) {
-  const Ref<NSString> name = systemName(self->icon());
-  dialog.set(UIAlertController::alertController("Rename App"_ns, name, UIAlertControllerStyle::alert));
-  dialog->addTextField([self, name](UITextField* field) {
+  NSString* name = kept(systemName(self->icon().get()));
+  auto* controller = UIAlertController::alertController("Rename App"_ns, name, UIAlertControllerStyle::alert);
+  dialog.renamer.set(self);
+  dialog.controller.set(controller);
+  controller->addTextField([self, name](UITextField* field) {
     field->setDelegate(self);
     field->setText(name);
     field->setClearButtonMode(UITextFieldViewMode::always);
     field->setReturnKeyType(UIReturnKeyType::done);
   });
-  // The buttons keep the renamer; the dialog is found through its slot, so that nothing keeps itself alive.
-  const Ref<RenameIcon> renamer = self;
-  dialog->addAction(UIAlertAction::action("Apply"_ns, UIAlertActionStyle::standard, [renamer] {
-    NSString* text = dialog->firstTextField()->text();
-    const auto copy = Ref<NSString>::adopt(send<NSString*>(text, "copy"_sel));
-    replace<NSString>(renamer->renameTitle(), copy);
-    send(renamer.get(), "save"_sel);
-  }));
-  dialog->addAction(UIAlertAction::action("Cancel"_ns, UIAlertActionStyle::cancel, [renamer] {
-    closeAlertWindow();
+  // A button has its turn when the dialog may have left the screen and another may have come: it keeps its own. The
+  // platform breaks the circle, as with every alert that disappears.
+  controller->addAction(UIAlertAction::action(
+      "Apply"_ns, UIAlertActionStyle::standard, [renamer = Ref(self), controller = Ref(controller)] {
+        auto* text = autoreleased(send<NSString*>(controller->firstTextField()->text(), "copy"_sel));
+        renamer->renameTitle().set(text);
+        send(renamer.get(), "save"_sel);
+      }));
+  controller->addAction(UIAlertAction::action("Cancel"_ns, UIAlertActionStyle::cancel, [renamer = Ref(self)] {
+    closeDialog(renamer);
     finish(renamer);
   }));
-  presentAlert(dialog.get());
+  openAlertWindow();
+  dialog.presenter.set(alertRootController.get());
+  dialog.presenter->present(controller);
 }
 
 void save(RenameIcon* self, SEL) {
-  const Ref<RenameIcon> alive = self;
-  closeAlertWindow();
-  storeName(self->icon()->leafIdentifier(), self->renameTitle());
+  kept(self);
+  closeDialog(self);
+  storeName(self->icon()->leafIdentifier(), self->renameTitle().get());
   self->iconView()->updateLabel();
   if (Generation::isNew())
     CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(),

@@ -21,6 +21,10 @@
 #include "state/generation.hpp"
 
 namespace loader {
+
+/// Nowhere defined: what the compiler says when a row would call it.
+void theSelectorsColonsMustMatchTheArguments();
+
 namespace {
 
 enum class Group { both, oldOnly, newOnly };
@@ -37,10 +41,19 @@ struct Row {
   void (*install)(Class cls, SEL selector);
 };
 
+/// A selector has a colon for each argument of its method.
+template <class Result, class Self, class... Arguments>
+consteval void checkColons(const char* selector, Result (*)(Self*, SEL, Arguments...)) {
+  std::size_t colons = 0;
+  for (const char* character = selector; *character != '\0'; ++character) colons += *character == ':' ? 1 : 0;
+  if (colons != sizeof...(Arguments)) theSelectorsColonsMustMatchTheArguments();
+}
+
 /// Replaces a method. The replacement and the slot must be of one type, the method's.
 template <auto* Replacement, auto* Slot>
   requires std::is_same_v<decltype(Replacement), std::remove_pointer_t<decltype(Slot)>>
 consteval Row hook(Group group, const char* className, const char* selector) {
+  checkColons(selector, Replacement);
   return {group, className, selector, [](Class cls, SEL message) {
             MSHookMessageEx(cls, message, reinterpret_cast<IMP>(Replacement), reinterpret_cast<IMP*>(Slot));
           }};
@@ -58,6 +71,7 @@ constexpr const char* encodingOf(void (*)(Self*, SEL, Argument*)) {
 /// Adds a method. Its type encoding follows from the function's type.
 template <auto* Function>
 consteval Row add(Group group, const char* className, const char* selector) {
+  checkColons(selector, Function);
   return {group, className, selector, [](Class cls, SEL message) {
             class_addMethod(cls, message, reinterpret_cast<IMP>(Function), encodingOf(Function));
           }};

@@ -8,22 +8,23 @@
 
 namespace {
 
+/// The name is a constant: the center may keep the pointer for as long as the observer is registered.
 struct Observer {
-  const char* name;
+  NSString* (*name)();
   CFNotificationCallback callback;
 };
 
 constexpr Observer darwinObservers[] = {
-    {"com.morvanel.sprigdial.isdownload", menu::downloadEnded},
-    {"com.morvanel.sprigdial.renamelable", labels::refreshRenamedLabels},
-    {"com.morvanel.sprigdial.iconlable", labels::updateLabels},
-    {"com.morvanel.sprigdial.preferencechanged", settingsChanged},
+    {[] { return "com.morvanel.sprigdial.isdownload"_ns; }, menu::downloadEnded},
+    {[] { return "com.morvanel.sprigdial.renamelable"_ns; }, labels::refreshRenamedLabels},
+    {[] { return "com.morvanel.sprigdial.iconlable"_ns; }, labels::updateLabels},
+    {[] { return "com.morvanel.sprigdial.preferencechanged"_ns; }, settingsChanged},
 };
 
 void observeDarwinNotifications() {
   CFNotificationCenterRef center = CFNotificationCenterGetDarwinNotifyCenter();
   for (const auto& [name, callback] : darwinObservers)
-    CFNotificationCenterAddObserver(center, nullptr, callback, NSString::owning(name), nullptr,
+    CFNotificationCenterAddObserver(center, nullptr, callback, name(), nullptr,
                                     CFNotificationSuspensionBehavior::coalesce);
 }
 

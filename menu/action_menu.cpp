@@ -15,6 +15,7 @@ namespace {
 
 // The sheet now shown; it keeps a second one away until 0.8 seconds after its presentation.
 constinit Slot<UIAlertController> openSheet;
+constinit bool isPresented = false;
 // The badge that the target icon shows; nil when it shows none.
 constinit Slot<NSObject> currentBadge;
 
@@ -25,23 +26,24 @@ struct Application {
   NSString* cachesFolder;
   NSString* backupFolder;
   std::uint64_t cacheBytes;
+  NSURL* fileManager;
 };
 
 /// What a chosen entry gets.
 struct Choice {
   MenuHost* host;
-  Ref<SBIcon> icon;
+  SBIcon* icon;
 };
 
 bool exists(const NSString* path) { return NSFileManager::defaultManager()->fileExists(path); }
 
-bool canOpenFileManager() { return UIApplication::sharedApplication()->canOpenURL(NSURL::withString("filza://"_ns)); }
+bool canOpen(const NSURL* url) { return UIApplication::sharedApplication()->canOpenURL(url); }
 
 // Conditions beside the entry's setting.
 bool always(const Application&) { return true; }
 // The bundle's text is not decoded: the file manager could not open a path with a blank anyway.
-bool bundleOpens(const Application& app) { return canOpenFileManager() && exists(app.bundleText); }
-bool dataOpens(const Application& app) { return canOpenFileManager() && exists(app.dataFolder); }
+bool bundleOpens(const Application& app) { return canOpen(app.fileManager) && exists(app.bundleText); }
+bool dataOpens(const Application& app) { return canOpen(app.fileManager) && exists(app.dataFolder); }
 bool hasBadge(const Application&) { return static_cast<bool>(currentBadge); }
 bool hasCaches(const Application& app) { return exists(app.cachesFolder); }
 bool hasData(const Application& app) { return exists(app.dataFolder); }
@@ -55,9 +57,7 @@ void sendToHost(const Choice& choice) {
 
 void rename(const Choice& choice) {
   SBIconView* view = Generation::current().iconView(choice.icon);
-  auto* renamer =
-      send<NSObject*>("RenameIcon"_cls, "renamerWithIcon:iconView:"_sel, static_cast<SBIcon*>(choice.icon), view);
-  send(renamer, "receiveTouch"_sel);
+  send(send<NSObject*>("RenameIcon"_cls, "renamerWithIcon:iconView:"_sel, choice.icon, view), "receiveTouch"_sel);
 }
 
 void copyBundleIdentifier(const Choice&) { clipboard::copyBundleIdentifier(); }
@@ -103,10 +103,11 @@ void addEntries(UIAlertController* sheet, const Application& app, const Choice& 
   for (const Entry& entry : entries) {
     if (entry.setting != nullptr && !(settings.*entry.setting)) continue;
     if (!entry.isShown(app)) continue;
-    sheet->addAction(UIAlertAction::action(titleOf(entry, app), entry.style, [choice, choose = entry.choose] {
-      closeAlertWindow();
-      choose(choice);
-    }));
+    sheet->addAction(UIAlertAction::action(titleOf(entry, app), entry.style,
+                                           [host = choice.host, icon = Ref(choice.icon), choose = entry.choose] {
+                                             closeAlertWindow();
+                                             choose({host, icon});
+                                           }));
   }
 }
 
@@ -117,6 +118,16 @@ NSString* versionOf(NSString* bundleText) {
   return version != nullptr ? formatted(version) : " Unknown"_ns;
 }
 
+// From here on no second menu opens. Should the platform raise before the sheet is up, nothing else would ever let go
+// of it.
+void hold(UIAlertController* sheet) {
+  openSheet.set(sheet);
+  isPresented = false;
+  dispatch::onNextTurn([] {
+    if (!isPresented) openSheet.clear();
+  });
+}
+
 void presentSheet(UIAlertController* sheet) {
   openAlertWindow();
   anchorPopoverWhereKnown(sheet);
@@ -124,28 +135,34 @@ void presentSheet(UIAlertController* sheet) {
     constexpr std::int64_t guardTime = 800'000'000;
     dispatch::afterOnMain(guardTime, [] { openSheet.clear(); });
   });
+  isPresented = true;
 }
 
 }  // namespace
 
 void showAlertView(MenuHost* host, SEL) {
-  NSString* bundleIdentifier = currentBundleIdentifier.get();
-  if (!settings.enabled || bundleIdentifier == nullptr) return;
-  const Choice choice{host, Generation::current().icon(host, bundleIdentifier)};
+  // Held by the pool: a touch on another icon while the menu is built changes the slot.
+  NSString* bundleIdentifier = settings.enabled ? currentBundleIdentifier.get() : nullptr;
+  if (bundleIdentifier == nullptr) return;
+  const Choice choice{host, kept(Generation::current().icon(host, bundleIdentifier))};
   currentBadge.set(choice.icon->badgeNumberOrString());
 
-  NSString* bundle = bundleText();
+  const SBApplication* application = SBApplicationController::sharedInstance()->application(bundleIdentifier);
+  const SBApplicationInfo* info = application->info();
+  NSString* bundle = bundleTextOf(info);
   if (bundle == nullptr) return;
   NSString* version = versionOf(bundle);
-  NSString* dataFolder = dataContainer();
+  NSString* dataFolder = dataFolderOf(info);
   NSString* cachesFolder = dataFolder->appending("/Library/Caches"_ns);
-  const Application app{bundle, dataFolder, cachesFolder, backupFolder(), folderSize(cachesFolder)};
+  const std::uint64_t cacheBytes = folderSize(cachesFolder);
+  NSString* backups = backupFolder(bundleIdentifier);
 
   if (openSheet || (forceTouchActive && !settings.useForce)) return;
   NSString* message = bundleIdentifier->appending(" Ver."_ns)->appending(version);
-  openSheet.set(UIAlertController::alertController(targetName(), message, UIAlertControllerStyle::actionSheet));
-  addEntries(openSheet.get(), app, choice);
-  presentSheet(openSheet.get());
+  auto* sheet = UIAlertController::alertController(nameOf(application), message, UIAlertControllerStyle::actionSheet);
+  hold(sheet);
+  addEntries(sheet, {bundle, dataFolder, cachesFolder, backups, cacheBytes, NSURL::withString("filza://"_ns)}, choice);
+  presentSheet(sheet);
 }
 
 }  // namespace menu

@@ -12,12 +12,13 @@ void dismiss() {
 
 }  // namespace
 
-void setInScreenOffMode(NSObject* dashboard, SEL selector, BOOL off, BOOL autoUnlock) {
+void setInScreenOffMode(NSObject* dashboard, SEL selector, NSUInteger off, NSUInteger autoUnlock) {
   platformSetInScreenOffMode(dashboard, selector, off, autoUnlock);
   dismiss();
 }
 
-void setInScreenOffModeFromSource(NSObject* dashboard, SEL selector, BOOL off, BOOL autoUnlock, NSInteger source) {
+void setInScreenOffModeFromSource(NSObject* dashboard, SEL selector, NSUInteger off, NSUInteger autoUnlock,
+                                  NSUInteger source) {
   platformSetInScreenOffModeFromSource(dashboard, selector, off, autoUnlock, source);
   dismiss();
 }
@@ -27,7 +28,7 @@ void orderFront(NSObject* powerDown, SEL selector) {
   dismiss();
 }
 
-void coverSheetWillAppear(NSObject* coverSheet, SEL selector, BOOL animated) {
+void coverSheetWillAppear(NSObject* coverSheet, SEL selector, NSUInteger animated) {
   platformCoverSheetWillAppear(coverSheet, selector, animated);
   dismiss();
 }

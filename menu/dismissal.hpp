@@ -5,21 +5,23 @@
 
 namespace menu {
 
+// The arguments are only handed on, so each is taken as the whole register that it comes in.
+
 // Old generation.
-void setInScreenOffMode(NSObject* dashboard, SEL selector, BOOL off, BOOL autoUnlock);
+void setInScreenOffMode(NSObject* dashboard, SEL selector, NSUInteger off, NSUInteger autoUnlock);
 inline constinit decltype(&setInScreenOffMode) platformSetInScreenOffMode = nullptr;
 
-void setInScreenOffModeFromSource(NSObject* dashboard, SEL selector, BOOL off, BOOL autoUnlock, NSInteger source);
+void setInScreenOffModeFromSource(NSObject* dashboard, SEL selector, NSUInteger off, NSUInteger autoUnlock,
+                                  NSUInteger source);
 inline constinit decltype(&setInScreenOffModeFromSource) platformSetInScreenOffModeFromSource = nullptr;
 
 void orderFront(NSObject* powerDown, SEL selector);
 inline constinit decltype(&orderFront) platformOrderFront = nullptr;
 
 // New generation.
-void coverSheetWillAppear(NSObject* coverSheet, SEL selector, BOOL animated);
+void coverSheetWillAppear(NSObject* coverSheet, SEL selector, NSUInteger animated);
 inline constinit decltype(&coverSheetWillAppear) platformCoverSheetWillAppear = nullptr;
 
-/// The argument's type is the platform's affair: a whole register is handed on.
 void powerDownViewWillAnimateIn(NSObject* powerDown, SEL selector, NSUInteger argument);
 inline constinit decltype(&powerDownViewWillAnimateIn) platformPowerDownViewWillAnimateIn = nullptr;
 

@@ -9,7 +9,7 @@ namespace menu {
 void openApps(MenuHost* host, SEL) {
   constexpr NSInteger homeScreen = 0;
   auto* model = static_cast<SBIconModel*>(host->valueForKey("_iconModel"_ns));
-  SBIcon* icon = model->leafIcon(currentBundleIdentifier.get());
+  SBIcon* icon = kept(model->leafIcon(currentBundleIdentifier.get()));
   if (Generation::isNew()) {
     send(icon, "launchFromLocation:context:"_sel, homeScreen, lastLaunch.context.get());
   } else {

@@ -11,20 +11,24 @@ bool isOffered() { return settings.enabled && settings.useForce; }
 NSString* itemType() { return "SprigdialItem"_ns; }
 NSString* itemTitle() { return "Sprigdial"_ns; }
 
-Ref<SBSApplicationShortcutItem> makeItem(const NSString* bundleIdentifier) {
-  auto item = SBSApplicationShortcutItem::make();
+SBSApplicationShortcutItem* makeItem(const NSString* bundleIdentifier) {
+  auto* item = SBSApplicationShortcutItem::make();
   item->setLocalizedTitle(itemTitle());
   item->setBundleIdentifierToLaunch(bundleIdentifier);
   item->setType(itemType());
   return item;
 }
 
+// What an entry answers may be of any kind.
+bool isOurType(const NSObject* type) { return itemType()->isEqual(type); }
+bool isOurTitle(const NSObject* title) { return itemTitle()->isEqual(title); }
+
 void openMenu(const MenuHost* host) { send(host, "showAlertView"_sel); }
 
 }  // namespace
 
 NSArray* applicationShortcutItems(SBUIAppIconForceTouchControllerDataProvider* provider, SEL selector) {
-  NSString* bundleIdentifier = isOffered() ? provider->applicationBundleIdentifier() : nullptr;
+  NSString* bundleIdentifier = isOffered() ? kept(provider->applicationBundleIdentifier()) : nullptr;
   if (bundleIdentifier == nullptr) return platformApplicationShortcutItems(provider, selector);
   currentBundleIdentifier.set(bundleIdentifier);
   auto* items = NSMutableArray::copyOf(platformApplicationShortcutItems(provider, selector));
@@ -32,10 +36,10 @@ NSArray* applicationShortcutItems(SBUIAppIconForceTouchControllerDataProvider* p
   return items;
 }
 
-SBUIAction* initAction(SBUIAction* action, SEL selector, NSString* title, NSString* subtitle, UIImage* image,
+SBUIAction* initAction(SBUIAction* action, SEL selector, NSObject* title, NSObject* subtitle, UIImage* image,
                        UIView* badgeView, const void* handler) {
   // Any action of this title gets the picture: the list's actions carry nothing else to tell them by.
-  if (isOffered() && title->isEqualToString(itemTitle())) {
+  if (isOffered() && isOurTitle(title)) {
     image = UIImage::withContentsOfFile("/Library/PreferenceBundles/SprigdialSettings.bundle/Sprigdial.png"_ns)
                 ->withRenderingMode(UIImageRenderingMode::alwaysTemplate);
   }
@@ -45,8 +49,7 @@ SBUIAction* initAction(SBUIAction* action, SEL selector, NSString* title, NSStri
 BOOL shouldActivateForceTouchItem(SBIconController* host, SEL selector, SBUIAppIconForceTouchController* controller,
                                   SBSApplicationShortcutItem* item, NSInteger index, NSObject* gestureRecognizer) {
   if (isOffered()) {
-    auto* type = send<NSString*>(item, "performSelector:"_sel, "type"_sel);
-    if (type->isEqualToString(itemType())) {
+    if (isOurType(send<NSObject*>(item, "performSelector:"_sel, "type"_sel))) {
       openMenu(SBIconController::sharedInstance());
       return false;
     }
@@ -62,20 +65,19 @@ NSInteger forceTouchState(SBUIAppIconForceTouchController* controller, SEL selec
 }
 
 NSArray* shortcutItemsForIconView(MenuHost* host, SEL selector, SBIconView* view, NSArray* proposed) {
-  NSArray* platformItems = platformShortcutItemsForIconView(host, selector, view, proposed);
-  if (!isOffered() || !currentBundleIdentifier) return platformItems;
-  auto item = makeItem(currentBundleIdentifier.get());
+  const NSString* bundleIdentifier = isOffered() ? currentBundleIdentifier.get() : nullptr;
+  if (bundleIdentifier == nullptr) return platformShortcutItemsForIconView(host, selector, view, proposed);
+  auto* items = NSMutableArray::copyOf(platformShortcutItemsForIconView(host, selector, view, proposed));
+  auto* item = makeItem(bundleIdentifier);
   item->setIcon(SBSApplicationShortcutCustomImageIcon::withPNG(
       NSData::withContentsOfFile("/Library/PreferenceBundles/SprigdialSettings.bundle/icon@3x.png"_ns)));
-  auto* items = NSMutableArray::copyOf(platformItems);
   items->add(item);
   return items;
 }
 
 BOOL shouldActivateItem(MenuHost* host, SEL selector, SBIconView* view, SBSApplicationShortcutItem* item,
                         NSInteger index) {
-  if (isOffered() && item->type()->isEqualToString(itemType()) &&
-      item->localizedTitle()->isEqualToString(itemTitle())) {
+  if (isOffered() && isOurType(item->type()) && isOurTitle(item->localizedTitle())) {
     openMenu(host);
     return false;
   }

@@ -12,7 +12,7 @@ inline constinit bool forceTouchActive = false;
 NSArray* applicationShortcutItems(SBUIAppIconForceTouchControllerDataProvider* provider, SEL selector);
 inline constinit decltype(&applicationShortcutItems) platformApplicationShortcutItems = nullptr;
 
-SBUIAction* initAction(SBUIAction* action, SEL selector, NSString* title, NSString* subtitle, UIImage* image,
+SBUIAction* initAction(SBUIAction* action, SEL selector, NSObject* title, NSObject* subtitle, UIImage* image,
                        UIView* badgeView, const void* handler);
 inline constinit decltype(&initAction) platformInitAction = nullptr;
 

@@ -19,7 +19,8 @@ UIView* referenceView(const SBIconView* neverSetUp) {
 
 // How far the finger went with this sample, in points.
 CGPoint travel(const UITouch* touch) {
-  const auto view = Ref<SBIconView>::adopt(send<SBIconView*>(SBIconView::cls(), "alloc"_sel));
+  const AutoreleasePool pool;
+  const auto* view = autoreleased(send<SBIconView*>(SBIconView::cls(), "alloc"_sel));
   const CGPoint current = touch->locationIn(referenceView(view));
   const CGPoint previous = touch->previousLocationIn(referenceView(view));
   return {current.x - previous.x, current.y - previous.y};

@@ -54,7 +54,7 @@ void createRegistryFile() {
 
 void loadRegistry() {
   const AutoreleasePool pool;
-  registry.set(NSMutableDictionary::copyOf(NSDictionary::withContentsOfFile(file())));
+  registry.set(NSMutableDictionary::copyOf(NSMutableDictionary::withContentsOfFile(file())));
   NSArray* stored = entries();
   if (stored == nullptr) return;
   // Records change in place: whatever kinds the reader gives, they are mutable from here on.
@@ -112,7 +112,7 @@ bool isMuted(NCNotificationRequest* request) {
   NSString* bundleIdentifier = request->sectionIdentifier();
   const std::int32_t time = wholeSeconds(now());
   auto* list = as<NSMutableArray>(registry->objectForKey(entriesKey()));
-  NSMutableArray* expired = nullptr;
+  auto* expired = NSMutableArray::array();
   bool muted = false;
   const NSUInteger count = list->count();
   for (NSUInteger i = 0; i < count; ++i) {
@@ -122,11 +122,11 @@ bool isMuted(NCNotificationRequest* request) {
     if (isFor(record, bundleIdentifier) && (end > time || end == withoutEnd)) {
       muted = true;
     } else if (end < time && end != withoutEnd) {
-      if (expired == nullptr) expired = NSMutableArray::array();
       expired->add(record);
     }
   }
-  if (expired != nullptr) list->removeAll(expired);
+  // Also without any: the file is written at each of these notifications, and only then.
+  list->removeAll(expired);
   save();
   return muted;
 }

@@ -11,27 +11,27 @@ namespace {
 NSString* notificationName() { return "com.morvanel.sprigdial.menu"_ns; }
 
 /// `restarts` drops an earlier record first, so that a muting without end gives way to a timed one.
-void addButton(UIAlertController* sheet, const Duration& duration, const Ref<NSString>& bundleIdentifier,
-               bool restarts) {
-  sheet->addAction(UIAlertAction::action(NSString::text(duration.title), UIAlertActionStyle::standard,
-                                         [bundleIdentifier, restarts, seconds = duration.seconds] {
-                                           closeAlertWindow();
-                                           if (restarts) registerMute(bundleIdentifier, unmute.seconds);
-                                           registerMute(bundleIdentifier, seconds);
-                                         }));
+void addButton(UIAlertController* sheet, const Duration& duration, NSString* bundleIdentifier, bool restarts) {
+  sheet->addAction(
+      UIAlertAction::action(NSString::text(duration.title), UIAlertActionStyle::standard,
+                            [bundleIdentifier = Ref(bundleIdentifier), restarts, seconds = duration.seconds] {
+                              closeAlertWindow();
+                              if (restarts) registerMute(bundleIdentifier, unmute.seconds);
+                              registerMute(bundleIdentifier, seconds);
+                            }));
 }
 
 }  // namespace
 
 void muteNotifications(MenuHost*, SEL) {
-  if (!currentBundleIdentifier) return;
-  NSNotificationCenter::defaultCenter()->post(notificationName(),
-                                              NSDictionary::with(currentBundleIdentifier.get(), "id"_ns));
+  NSString* bundleIdentifier = currentBundleIdentifier.get();
+  if (bundleIdentifier == nullptr) return;
+  NSNotificationCenter::defaultCenter()->post(notificationName(), NSDictionary::with(bundleIdentifier, "id"_ns));
 }
 
 void launchMuteMenu(NSObject*, SEL, NSNotification* notification) {
-  const Ref<NSString> bundleIdentifier = as<NSString>(notification->userInfo()->objectForKey("id"_ns));
-  if (bundleIdentifier.get() == nullptr) return;
+  auto* bundleIdentifier = kept(as<NSString>(notification->userInfo()->objectForKey("id"_ns)));
+  if (bundleIdentifier == nullptr) return;
   const bool muted = isMutedNow(bundleIdentifier);
   auto* sheet = UIAlertController::alertController("Mute Notifications"_ns, bundleIdentifier,
                                                    UIAlertControllerStyle::actionSheet);

@@ -30,7 +30,7 @@ void postToDashBoard(NSObject* dispatcher, SEL selector, NCNotificationRequest* 
 }
 
 void postBannerWithCompletion(NSObject* destination, SEL selector, NCNotificationRequest* request, NSObject* coalesced,
-                              BOOL modal, NSObject* sourceAction, const void* completion) {
+                              NSUInteger modal, NSObject* sourceAction, const void* completion) {
   unlessMuted(settings.muteBanners, platformPostBannerWithCompletion, destination, selector, request, coalesced, modal,
               sourceAction, completion);
 }

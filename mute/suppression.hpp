@@ -12,12 +12,12 @@ inline constinit decltype(&turnOnScreen) platformTurnOnScreen = nullptr;
 void playSound(NSObject* controller, SEL selector, NCNotificationRequest* request);
 inline constinit decltype(&playSound) platformPlaySound = nullptr;
 
-// Old generation.
+// Old generation. `modal` is only handed on, so it is taken as the whole register that it comes in.
 void postToDashBoard(NSObject* dispatcher, SEL selector, NCNotificationRequest* request, NSObject* coalesced);
 inline constinit decltype(&postToDashBoard) platformPostToDashBoard = nullptr;
 
 void postBannerWithCompletion(NSObject* destination, SEL selector, NCNotificationRequest* request, NSObject* coalesced,
-                              BOOL modal, NSObject* sourceAction, const void* completion);
+                              NSUInteger modal, NSObject* sourceAction, const void* completion);
 inline constinit decltype(&postBannerWithCompletion) platformPostBannerWithCompletion = nullptr;
 
 // New generation.

@@ -1,9 +1,10 @@
 // Foundation, as far as the add-on uses it. Every class is used through pointers only; a message to nil
-// gives nil, zero or NO. Results are not owned by the caller unless their type is a Ref.
+// gives nil, zero or NO. Results stay at least until the surrounding autorelease pool drains.
 #pragma once
 
 #include "platform/objc.hpp"
 
+class NSError;
 class NSString;
 class NSURL;
 
@@ -28,9 +29,9 @@ T* as(NSObject* object) {
 class NSString : public NSObject {
  public:
   static Class cls() { return "NSString"_cls; }
-  /// A text of the caller's own.
-  static Ref<NSString> owning(const char* utf8) {
-    return Ref<NSString>::adopt(send<NSString*>(send<id>(cls(), "alloc"_sel), "initWithUTF8String:"_sel, utf8));
+  /// A text that belongs to the caller.
+  static NSString* make(const char* utf8) {
+    return send<NSString*>(send<id>(cls(), "alloc"_sel), "initWithUTF8String:"_sel, utf8);
   }
   static NSString* text(const char* utf8) { return send<NSString*>(cls(), "stringWithUTF8String:"_sel, utf8); }
   NSUInteger length() const { return send<NSUInteger>(this, "length"_sel); }
@@ -54,9 +55,9 @@ class NSString : public NSObject {
 /// A text made at the first use of the literal and kept for the life of the process.
 template <LiteralText Text>
 NSString* operator""_ns() {
-  static constinit Slot<NSString> slot;
-  if (!slot) slot.set(NSString::owning(Text.characters));
-  return slot.get();
+  static constinit NSString* text = nullptr;
+  if (text == nullptr) text = NSString::make(Text.characters);
+  return text;
 }
 
 /// What the format "%@" writes for an object: its description, and "(null)" for nil.
@@ -135,11 +136,17 @@ class NSMutableDictionary : public NSDictionary {
  public:
   static Class cls() { return "NSMutableDictionary"_cls; }
   static NSMutableDictionary* dictionary() { return send<NSMutableDictionary*>(cls(), "dictionary"_sel); }
+  /// The property list at `path` as this class's own reader gives it; nil when there is none that holds a dictionary.
+  static NSMutableDictionary* withContentsOfFile(const NSString* path) {
+    return send<NSMutableDictionary*>(cls(), "dictionaryWithContentsOfFile:"_sel, path);
+  }
   /// A mutable dictionary of the same entries; nil for nil.
   static NSMutableDictionary* copyOf(const NSDictionary* other) {
     return other != nullptr ? send<NSMutableDictionary*>(cls(), "dictionaryWithDictionary:"_sel, other) : nullptr;
   }
   void set(const NSObject* object, const NSString* key) { send(this, "setObject:forKey:"_sel, object, key); }
+  /// The same, but nil takes the entry away. The key must not be nil.
+  void setValue(const NSObject* value, const NSString* key) { send(this, "setValue:forKey:"_sel, value, key); }
 };
 
 class NSData : public NSObject {
@@ -187,9 +194,10 @@ class NSFileManager : public NSObject {
   static NSFileManager* defaultManager() { return send<NSFileManager*>("NSFileManager"_cls, "defaultManager"_sel); }
   bool fileExists(const NSString* path) const { return send<BOOL>(this, "fileExistsAtPath:"_sel, path); }
   bool isExecutableFile(const NSString* path) const { return send<BOOL>(this, "isExecutableFileAtPath:"_sel, path); }
-  /// The names directly in the folder; nil when it cannot be read.
-  NSArray* contentsOfDirectory(const NSString* path) const {
-    return send<NSArray*>(this, "contentsOfDirectoryAtPath:error:"_sel, path, static_cast<id*>(nullptr));
+  /// The names directly in the folder; nil when it cannot be read. `error`, where one is asked for, is set to the
+  /// reason then and left alone otherwise.
+  NSArray* contentsOfDirectory(const NSString* path, NSError** error = nullptr) const {
+    return send<NSArray*>(this, "contentsOfDirectoryAtPath:error:"_sel, path, error);
   }
   /// Removes a file or a whole folder; NO when that fails.
   bool removeItem(const NSString* path) const {
@@ -224,12 +232,12 @@ class NSDate : public NSObject {
 class NSDateFormatter : public NSObject {
  public:
   /// A formatter for the device's time zone.
-  static Ref<NSDateFormatter> with(const NSString* localeIdentifier, const NSString* format) {
-    auto formatter = Ref<NSDateFormatter>::adopt(send<NSDateFormatter*>("NSDateFormatter"_cls, "new"_sel));
-    const auto locale = Ref<NSObject>::adopt(
+  static NSDateFormatter* with(const NSString* localeIdentifier, const NSString* format) {
+    auto* formatter = autoreleased(send<NSDateFormatter*>("NSDateFormatter"_cls, "new"_sel));
+    auto* locale = autoreleased(
         send<NSObject*>(send<id>("NSLocale"_cls, "alloc"_sel), "initWithLocaleIdentifier:"_sel, localeIdentifier));
-    send(formatter.get(), "setLocale:"_sel, locale.get());
-    send(formatter.get(), "setDateFormat:"_sel, format);
+    send(formatter, "setLocale:"_sel, locale);
+    send(formatter, "setDateFormat:"_sel, format);
     return formatter;
   }
   NSString* string(const NSDate* date) const { return send<NSString*>(this, "stringFromDate:"_sel, date); }
@@ -237,7 +245,7 @@ class NSDateFormatter : public NSObject {
 
 class NSTask : public NSObject {
  public:
-  static Ref<NSTask> make() { return Ref<NSTask>::adopt(send<NSTask*>("NSTask"_cls, "new"_sel)); }
+  static NSTask* make() { return autoreleased(send<NSTask*>("NSTask"_cls, "new"_sel)); }
   void setCurrentDirectoryPath(const NSString* path) { send(this, "setCurrentDirectoryPath:"_sel, path); }
   void setLaunchPath(const NSString* path) { send(this, "setLaunchPath:"_sel, path); }
   void setArguments(const NSArray* arguments) { send(this, "setArguments:"_sel, arguments); }

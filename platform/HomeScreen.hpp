@@ -9,11 +9,11 @@ class SBIcon : public NSObject {
  public:
   /// Nil for an icon that is no application.
   NSString* applicationBundleID() const { return send<NSString*>(this, "applicationBundleID"_sel); }
-  /// A number or a text; nil when the icon shows no badge.
   /// The bundle identifier of an application's icon.
   NSString* leafIdentifier() const { return send<NSString*>(this, "leafIdentifier"_sel); }
   /// Nil removes the badge.
   void setBadge(NSObject* badge) { send(this, "setBadge:"_sel, badge); }
+  /// A number or a text; nil when the icon shows no badge.
   NSObject* badgeNumberOrString() const { return send<NSObject*>(this, "badgeNumberOrString"_sel); }
 };
 
@@ -97,8 +97,8 @@ class FBSSystemService : public NSObject {
 /// The picture of a quick action.
 class SBSApplicationShortcutCustomImageIcon : public NSObject {
  public:
-  static Ref<SBSApplicationShortcutCustomImageIcon> withPNG(const NSData* data) {
-    return Ref<SBSApplicationShortcutCustomImageIcon>::adopt(send<SBSApplicationShortcutCustomImageIcon*>(
+  static SBSApplicationShortcutCustomImageIcon* withPNG(const NSData* data) {
+    return autoreleased(send<SBSApplicationShortcutCustomImageIcon*>(
         send<id>("SBSApplicationShortcutCustomImageIcon"_cls, "alloc"_sel), "initWithImagePNGData:"_sel, data));
   }
 };
@@ -106,8 +106,8 @@ class SBSApplicationShortcutCustomImageIcon : public NSObject {
 /// An entry of an icon's quick-action list.
 class SBSApplicationShortcutItem : public NSObject {
  public:
-  static Ref<SBSApplicationShortcutItem> make() {
-    return Ref<SBSApplicationShortcutItem>::adopt(
+  static SBSApplicationShortcutItem* make() {
+    return autoreleased(
         send<SBSApplicationShortcutItem*>(send<id>("SBSApplicationShortcutItem"_cls, "alloc"_sel), "init"_sel));
   }
   void setLocalizedTitle(const NSString* title) { send(this, "setLocalizedTitle:"_sel, title); }
@@ -116,8 +116,9 @@ class SBSApplicationShortcutItem : public NSObject {
   }
   void setType(const NSString* type) { send(this, "setType:"_sel, type); }
   void setIcon(const SBSApplicationShortcutCustomImageIcon* icon) { send(this, "setIcon:"_sel, icon); }
-  NSString* localizedTitle() const { return send<NSString*>(this, "localizedTitle"_sel); }
-  NSString* type() const { return send<NSString*>(this, "type"_sel); }
+  // What the applications' own entries are called and typed by is theirs to say: mostly texts.
+  NSObject* localizedTitle() const { return send<NSObject*>(this, "localizedTitle"_sel); }
+  NSObject* type() const { return send<NSObject*>(this, "type"_sel); }
 };
 
 /// Supplies the entries of the old generation's quick-action list.

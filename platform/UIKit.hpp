@@ -46,17 +46,19 @@ class CALayer : public NSObject {
 
 class UIView : public NSObject {
  public:
-  /// A view of the class `T` in its superview's coordinates.
+  /// A new view of that class; the frame is in the coordinates of its superview to be.
   template <class T = UIView>
-  static Ref<T> make(Class cls, CGRect frame) {
-    return Ref<T>::adopt(send<T*>(send<id>(cls, "alloc"_sel), "initWithFrame:"_sel, frame));
+  static T* make(Class cls, CGRect frame) {
+    return autoreleased(send<T*>(send<id>(cls, "alloc"_sel), "initWithFrame:"_sel, frame));
   }
+  /// In the superview's coordinates.
   CGRect frame() const { return send<CGRect>(this, "frame"_sel); }
   void setBackgroundColor(UIColor* color) { send(this, "setBackgroundColor:"_sel, color); }
   void setAlpha(CGFloat alpha) { send(this, "setAlpha:"_sel, alpha); }
   void setUserInteractionEnabled(bool enabled) { send(this, "setUserInteractionEnabled:"_sel, BOOL{enabled}); }
   CALayer* layer() const { return send<CALayer*>(this, "layer"_sel); }
   void addSubview(UIView* view) { send(this, "addSubview:"_sel, view); }
+  /// In the view's own coordinates.
   CGRect bounds() const { return send<CGRect>(this, "bounds"_sel); }
   void setHidden(bool hidden) { send(this, "setHidden:"_sel, BOOL{hidden}); }
 };
@@ -74,9 +76,7 @@ class UIPopoverPresentationController : public NSObject {
 
 class UIViewController : public NSObject {
  public:
-  static Ref<UIViewController> make() {
-    return Ref<UIViewController>::adopt(send<UIViewController*>("UIViewController"_cls, "new"_sel));
-  }
+  static UIViewController* make() { return autoreleased(send<UIViewController*>("UIViewController"_cls, "new"_sel)); }
   UIView* view() const { return send<UIView*>(this, "view"_sel); }
   UIPopoverPresentationController* popoverPresentationController() const {
     return send<UIPopoverPresentationController*>(this, "popoverPresentationController"_sel);
@@ -84,7 +84,7 @@ class UIViewController : public NSObject {
   /// Presents animated; `completion` runs when the presentation has ended.
   template <class Completion>
   void present(UIViewController* controller, Completion completion) {
-    presentWithBlock(controller, makeBlock<void()>(completion).pointer());
+    presentWithBlock(controller, makeBlock<void()>(static_cast<Completion&&>(completion)).pointer());
   }
   /// Presents animated, with no completion.
   void present(UIViewController* controller) { presentWithBlock(controller, nullptr); }
@@ -112,7 +112,7 @@ class UIAlertAction : public NSObject {
   template <class Handler>
   static UIAlertAction* action(NSString* title, UIAlertActionStyle style, Handler handler) {
     return send<UIAlertAction*>("UIAlertAction"_cls, "actionWithTitle:style:handler:"_sel, title, style,
-                                makeBlock<void(UIAlertAction*)>(handler).pointer());
+                                makeBlock<void(UIAlertAction*)>(static_cast<Handler&&>(handler)).pointer());
   }
 };
 
@@ -126,7 +126,8 @@ class UIAlertController : public UIViewController {
   /// `configure` is called with the new field before this returns.
   template <class Configure>
   void addTextField(Configure configure) {
-    send(this, "addTextFieldWithConfigurationHandler:"_sel, makeBlock<void(UITextField*)>(configure).pointer());
+    send(this, "addTextFieldWithConfigurationHandler:"_sel,
+         makeBlock<void(UITextField*)>(static_cast<Configure&&>(configure)).pointer());
   }
   UITextField* firstTextField() const {
     auto* fields = send<NSArray*>(this, "textFields"_sel);
@@ -136,9 +137,7 @@ class UIAlertController : public UIViewController {
 
 class UIWindow : public UIView {
  public:
-  static Ref<UIWindow> withFrame(CGRect frame) {
-    return Ref<UIWindow>::adopt(send<UIWindow*>(send<id>("UIWindow"_cls, "alloc"_sel), "initWithFrame:"_sel, frame));
-  }
+  static UIWindow* withFrame(CGRect frame) { return make<UIWindow>("UIWindow"_cls, frame); }
   void setWindowLevel(UIWindowLevel level) { send(this, "setWindowLevel:"_sel, level); }
   void makeKeyAndVisible() { send(this, "makeKeyAndVisible"_sel); }
   UIViewController* rootViewController() const { return send<UIViewController*>(this, "rootViewController"_sel); }

@@ -48,11 +48,12 @@ class Block;
 /// the stack until the platform copies it, and its copy holds copies of the captures: capture a `Ref` for
 /// what the block has to keep alive, a plain pointer for what it must not. The callable may leave out the
 /// block's arguments.
-template <class... Arguments, class Callable>
-class Block<void(Arguments...), Callable> {
+template <class Result, class... Arguments, class Callable>
+class Block<Result(Arguments...), Callable> {
  public:
-  explicit Block(Callable callable)
-      : literal_{{&_NSConcreteStackBlock, block::hasCopyDispose, 0, &invoke, &descriptor}, callable} {}
+  explicit Block(Callable&& callable)
+      : literal_{{&_NSConcreteStackBlock, block::hasCopyDispose, 0, &invoke, &descriptor},
+                 static_cast<Callable&&>(callable)} {}
 
   /// The block, as a method's argument. It is valid while this object lives.
   const void* pointer() const {
@@ -66,17 +67,18 @@ class Block<void(Arguments...), Callable> {
 
  private:
   struct Literal {
-    block::Header<void (*)(const void*, Arguments...)> header;
+    block::Header<Result (*)(const void*, Arguments...)> header;
     Callable callable;
   };
 
-  static void invoke(const void* self, Arguments... arguments) {
-    // A copy of its own: what the callable does may free the block, as closing a dialog from its button does.
-    const Callable callable = static_cast<const Literal*>(self)->callable;
+  static Result invoke(const void* self, Arguments... arguments) {
+    // What the callable does may let go of the block, as closing a dialog from its button does.
+    if constexpr (!std::is_empty_v<Callable>) kept(self);
+    const Callable& callable = static_cast<const Literal*>(self)->callable;
     if constexpr (std::invocable<const Callable&, Arguments...>) {
-      callable(arguments...);
+      return callable(arguments...);
     } else {
-      callable();
+      return callable();
     }
   }
 
@@ -94,5 +96,5 @@ class Block<void(Arguments...), Callable> {
 /// A block of this signature that calls `callable`.
 template <class Signature, class Callable>
 Block<Signature, Callable> makeBlock(Callable callable) {
-  return Block<Signature, Callable>(callable);
+  return Block<Signature, Callable>(static_cast<Callable&&>(callable));
 }

@@ -57,16 +57,34 @@ Result send(const void* receiver, SEL selector, Arguments... arguments) {
   }
 }
 
-/// Sends a message to the superclass's implementation; `superclass` is where the lookup begins.
+/// Sends a message to the implementation that `superclass` has for it.
 template <class Result = void, class... Arguments>
 Result sendSuper(const void* receiver, Class superclass, SEL selector, Arguments... arguments) {
-  objc_super target{static_cast<id>(const_cast<void*>(receiver)), superclass};
-  return reinterpret_cast<Result (*)(objc_super*, SEL, Arguments...)>(&objc_msgSendSuper)(&target, selector,
-                                                                                          arguments...);
+  using Function = Result (*)(const void*, SEL, Arguments...);
+  return reinterpret_cast<Function>(class_getMethodImplementation(superclass, selector))(receiver, selector,
+                                                                                         arguments...);
 }
 
 /// An object as the C interface wants it.
 inline id asId(const void* object) { return static_cast<id>(const_cast<void*>(object)); }
+
+// Three ways to keep an object, by how long. On the stack: `kept` and `autoreleased`, since the platform's
+// exceptions pass through functions of ours without running destructors, and a pool lets go all the same. In a block
+// or another object: `Ref`. For the life of the process: `Slot`.
+
+/// The object, which stays at least until the surrounding pool drains, whoever else lets go of it. Nil for nil.
+template <class T>
+T* kept(T* object) {
+  objc_autorelease(objc_retain(asId(object)));
+  return object;
+}
+
+/// Gives an owned object, as `alloc`/`init`, `new` and `copy` make it, to the surrounding pool. Nil for nil.
+template <class T>
+T* autoreleased(T* owned) {
+  objc_autorelease(asId(owned));
+  return owned;
+}
 
 /// An owning reference: keeps its object alive for as long as it lives. May hold nil.
 template <class T>
@@ -85,14 +103,14 @@ class Ref {
     return *this;
   }
   /// Takes over a reference that the caller owns already, as `alloc`/`init` and `copy` give.
-  static Ref adopt(T* object) {
+  [[nodiscard]] static Ref adopt(T* object) {
     Ref reference;
     reference.object_ = object;
     return reference;
   }
-  T* get() const { return object_; }
+  T* get() const [[clang::lifetimebound]] { return object_; }
   T* operator->() const { return object_; }
-  operator T*() const { return object_; }  // NOLINT(google-explicit-constructor)
+  operator T*() const [[clang::lifetimebound]] { return object_; }  // NOLINT(google-explicit-constructor)
 
  private:
   T* object_ = nullptr;
@@ -110,8 +128,10 @@ class Slot {
     objc_release(asId(previous));
   }
   void clear() { set(nullptr); }
-  T* get() const { return object_; }
-  T* operator->() const { return object_; }
+  /// What is held, kept until the surrounding pool drains: it may be used whatever becomes of the slot meanwhile.
+  T* get() const { return kept(object_); }
+  T* operator->() const { return get(); }
+  bool holds(const T* object) const { return object_ == object; }
   explicit operator bool() const { return object_ != nullptr; }
 
  private:

@@ -28,15 +28,8 @@ using CGFloat = double;
 /// An implementation of unknown type; cast it to the method's own type before calling it.
 using IMP = void (*)();
 
-/// The receiver of a message to the superclass: `super_class` is where the lookup begins.
-struct objc_super {
-  id receiver;
-  Class super_class;
-};
-
 extern "C" {
 Class objc_getClass(const char* name);
-Class objc_getMetaClass(const char* name);
 Protocol* objc_getProtocol(const char* name);
 Class objc_allocateClassPair(Class superclass, const char* name, std::size_t extraBytes);
 void objc_registerClassPair(Class cls);
@@ -44,14 +37,13 @@ BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* ty
 BOOL class_addIvar(Class cls, const char* name, std::size_t size, std::uint8_t log2Alignment, const char* types);
 BOOL class_addProtocol(Class cls, Protocol* protocol);
 Ivar class_getInstanceVariable(Class cls, const char* name);
-Method class_getInstanceMethod(Class cls, SEL selector);
+IMP class_getMethodImplementation(Class cls, SEL selector);
 Class object_getClass(id object);
 std::ptrdiff_t ivar_getOffset(Ivar ivar);
 SEL sel_registerName(const char* name);
 
 void objc_msgSend();
 void objc_msgSend_stret();
-void objc_msgSendSuper();
 
 void* objc_autoreleasePoolPush();
 void objc_autoreleasePoolPop(void* pool);
@@ -61,7 +53,4 @@ id objc_autorelease(id object);
 
 extern void* _NSConcreteGlobalBlock[32];  // NOLINT(bugprone-reserved-identifier)
 extern void* _NSConcreteStackBlock[32];   // NOLINT(bugprone-reserved-identifier)
-extern void* _NSConcreteMallocBlock[32];  // NOLINT(bugprone-reserved-identifier)
-void* _Block_copy(const void* block);     // NOLINT(bugprone-reserved-identifier)
-void _Block_release(const void* block);   // NOLINT(bugprone-reserved-identifier)
 }

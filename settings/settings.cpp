@@ -45,7 +45,7 @@ NSObject* defaultOf(const Key& key) {
 }
 
 void load(const Key& key, NSDictionary* stored) {
-  NSObject* value = convertible(stored->objectForKey(NSString::owning(key.name)));
+  NSObject* value = convertible(stored->objectForKey(NSString::text(key.name)));
   if (value == nullptr) value = defaultOf(key);
   if (key.flag != nullptr) settings.*key.flag = send<BOOL>(value, "boolValue"_sel);
   if (key.number != nullptr) settings.*key.number = send<int>(value, "intValue"_sel);

@@ -10,7 +10,8 @@ struct Settings {
   float slideValue;  ///< least travel of one touch sample, in points
   bool useForce;     ///< the menu is reached through the quick-action list, not by a swipe
   bool useEditing;   ///< the swipe works while the home screen is edited, and only then
-  bool useRename;    // The menu's entries, in the settings pane's order.
+  // The menu's entries, in the settings pane's order.
+  bool useRename;
   bool useBadge;
   bool useCustom;
   bool useCopyID;

@@ -22,8 +22,7 @@ constexpr Generation newGeneration{
     // A list that was never set up knows no views; the label is refreshed by the rename notification instead.
     .iconView =
         [](const SBIcon* icon) {
-          const auto list = Ref<SBIconViewMap>::adopt(send<SBIconViewMap*>("SBIconListView"_cls, "alloc"_sel));
-          return list->iconView(icon);
+          return autoreleased(send<SBIconViewMap*>("SBIconListView"_cls, "alloc"_sel))->iconView(icon);
         },
     .isEditing = [](const MenuHost* host) { return host->isEditing(); },
     .bundlePlist = "Info.plist",
