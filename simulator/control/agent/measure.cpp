@@ -165,7 +165,7 @@ void start(const json& request) {
   objc_registerClassPair(cls);
   for (const char* name : {"a", "b", "c", "d"})
     CFNotificationCenterAddObserver(CFNotificationCenterGetDarwinNotifyCenter(), nullptr, hearNothing,
-                                    static_cast<CFStringRef>(static_cast<void*>(ns(name))), nullptr,
+                                    static_cast<CFStringRef>(static_cast<void*>(objc_retain(ns(name)))), nullptr,
                                     CFNotificationSuspensionBehavior::coalesce);
   send<BOOL>(files(), "fileExistsAtPath:"_sel, ns("/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist"));
   send<id>("NSDictionary"_cls, "dictionaryWithContentsOfFile:"_sel,

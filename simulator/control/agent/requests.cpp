@@ -294,7 +294,7 @@ json address(const void* pointer) {
 json observers(const json&) {
   json list = json::array();
   for (const auto& observer : darwinObservers())
-    list.push_back({{"name", observer.name},
+    list.push_back({{"name", text(asId(observer.name))},
                     {"observer", address(observer.observer)},
                     {"object", address(observer.object)},
                     {"suspension", observer.suspension}});

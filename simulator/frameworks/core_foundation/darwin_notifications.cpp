@@ -18,22 +18,25 @@ std::vector<DarwinObserver>& registered() {
 
 std::string described(const void* pointer) { return pointer != nullptr ? "set" : "nil"; }
 
+void callObservers(CFStringRef name) {
+  const std::string posted = text(asId(name));
+  // An observer may register others.
+  const auto observers = registered();
+  for (const auto& observer : observers) {
+    if (text(asId(observer.name)) != posted) continue;
+    AutoreleasePool pool;
+    // Only the name travels between processes.
+    observer.callback(&darwinCenter, const_cast<void*>(observer.observer), name, nullptr, nullptr);
+  }
+}
+
 }  // namespace
 
 const std::vector<DarwinObserver>& darwinObservers() { return registered(); }
 
 void postDarwinNotification(const std::string& name) {
-  dispatch::afterOnMain(0, [name] {
-    // An observer may register others.
-    const auto observers = registered();
-    for (const auto& observer : observers) {
-      if (observer.name != name) continue;
-      AutoreleasePool pool;
-      // Only the name travels between processes.
-      observer.callback(&darwinCenter, const_cast<void*>(observer.observer), reinterpret_cast<CFStringRef>(ns(name)),
-                        nullptr, nullptr);
-    }
-  });
+  dispatch::afterOnMain(
+      0, [own = Ref<objc_object>(ns(name))] { callObservers(reinterpret_cast<CFStringRef>(own.get())); });
 }
 
 }  // namespace sim
@@ -47,7 +50,7 @@ void CFNotificationCenterAddObserver(CFNotificationCenterRef, const void* observ
                                      CFNotificationSuspensionBehavior suspension) {
   const std::string observed = sim::text(asId(name));
   const auto behavior = static_cast<CFIndex>(suspension);
-  sim::registered().push_back({observed, observer, object, behavior, callback});
+  sim::registered().push_back({name, observer, object, behavior, callback});
   sim::callLog().push_back({sim::Call::Kind::observe, "Darwin", observed,
                             "observer " + sim::described(observer) + ", object " + sim::described(object) +
                                 ", suspension " + std::to_string(behavior)});
@@ -59,6 +62,7 @@ void CFNotificationCenterPostNotification(CFNotificationCenterRef, CFStringRef n
   sim::callLog().push_back({sim::Call::Kind::post, "Darwin", posted,
                             "object " + sim::described(object) + ", user info " + sim::described(userInfo) +
                                 (immediately != 0 ? ", immediately" : "")});
-  sim::postDarwinNotification(posted);
+  // As it was given: a pending post keeps its name no more than an observer does.
+  dispatch::afterOnMain(0, [name] { sim::callObservers(name); });
 }
 }

@@ -8,9 +8,9 @@
 
 namespace sim {
 
-/// An observer as it was registered.
+/// An observer as it was registered. The center takes its name for a constant: it neither retains nor copies it.
 struct DarwinObserver {
-  std::string name;
+  CFStringRef name;
   const void* observer;
   const void* object;
   CFIndex suspension;
