@@ -7,8 +7,8 @@ namespace sim {
 Ref<SBSApplicationShortcutItem> makeShortcutItem(const DeclaredQuickAction& action,
                                                  const std::string& bundleIdentifier) {
   auto item = make<SBSApplicationShortcutItem>("SBSApplicationShortcutItem"_cls);
-  item->type = ns(action.type);
-  item->localizedTitle = ns(action.title);
+  send(item.get(), "setType:"_sel, action.type.get());
+  send(item.get(), "setLocalizedTitle:"_sel, action.title.get());
   item->localizedSubtitle = action.subtitle.empty() ? nullptr : ns(action.subtitle);
   item->bundleIdentifierToLaunch = ns(bundleIdentifier);
   return item;

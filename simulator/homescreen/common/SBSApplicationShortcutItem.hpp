@@ -7,7 +7,8 @@
 namespace sim {
 
 struct SBSApplicationShortcutItem : Object {
-  Ref<objc_object> type, localizedTitle, localizedSubtitle, bundleIdentifierToLaunch;  ///< texts
+  Ref<objc_object> type, localizedTitle;                         ///< texts, or whatever the application declares
+  Ref<objc_object> localizedSubtitle, bundleIdentifierToLaunch;  ///< texts
   Ref<SBSApplicationShortcutCustomImageIcon> icon;
 };
 

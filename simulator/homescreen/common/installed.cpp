@@ -39,10 +39,17 @@ std::string nameOf(id info, const fs::path& bundle) {
   return bundle.stem();
 }
 
+// Nothing at all reads as an empty text.
+id declared(id item, const char* key) {
+  id value = send<id>(item, "objectForKey:"_sel, ns(key));
+  return value != nullptr ? value : ns("");
+}
+
 std::vector<DeclaredQuickAction> quickActionsOf(id info) {
   std::vector<DeclaredQuickAction> actions;
   for (id item : arrayIn(info, "UIApplicationShortcutItems", "NSDictionary"_cls))
-    actions.push_back({textIn(item, "UIApplicationShortcutItemType"), textIn(item, "UIApplicationShortcutItemTitle"),
+    actions.push_back({declared(item, "UIApplicationShortcutItemType"),
+                       declared(item, "UIApplicationShortcutItemTitle"),
                        textIn(item, "UIApplicationShortcutItemSubtitle")});
   return actions;
 }

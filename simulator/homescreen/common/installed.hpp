@@ -5,12 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "simulator/runtime/objc.hpp"
+
 namespace sim {
 
-/// A quick action that an application declares.
+/// A quick action that an application declares. Its type and its title are what the application says, be they texts or
+/// not.
 struct DeclaredQuickAction {
-  std::string type;
-  std::string title;
+  Ref<objc_object> type;
+  Ref<objc_object> title;
   std::string subtitle;
 };
 

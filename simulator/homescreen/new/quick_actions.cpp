@@ -33,7 +33,7 @@ constexpr SystemEntry systemEntries[] = {
 id proposedItems(id bundleIdentifier) {
   std::vector<id> items = shortcutItemsOf(bundleIdentifier);
   for (const auto& entry : systemEntries)
-    items.push_back(autoreleased(makeShortcutItem({entry.type, entry.title, ""}, text(bundleIdentifier))));
+    items.push_back(autoreleased(makeShortcutItem({ns(entry.type), ns(entry.title), ""}, text(bundleIdentifier))));
   return array(items);
 }
 
