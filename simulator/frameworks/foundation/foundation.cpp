@@ -1,8 +1,8 @@
 #include "simulator/frameworks/foundation/foundation.hpp"
 
+#include "simulator/frameworks/foundation/folder_listing.hpp"
 #include "simulator/frameworks/foundation/property_list.hpp"
 #include "simulator/frameworks/foundation/property_list_reading.hpp"
-#include "simulator/frameworks/foundation/subpaths.hpp"
 #include "simulator/frameworks/foundation/task.hpp"
 #include "simulator/frameworks/foundation/user_defaults.hpp"
 #include "simulator/runtime/blocks.hpp"
@@ -10,8 +10,9 @@
 namespace sim {
 
 void installFoundationAdditions() {
-  static constexpr void (*additions[])() = {defineBlockKeeper,          installUserDefaults, installPropertyListReading,
-                                            installPropertyListWriting, installSubpaths,     installTaskWaiting};
+  static constexpr void (*additions[])() = {defineBlockKeeper,          installUserDefaults,
+                                            installPropertyListReading, installPropertyListWriting,
+                                            installFolderListing,       installTaskWaiting};
   for (const auto install : additions) install();
 }
 

@@ -1,9 +1,12 @@
-#include "simulator/frameworks/foundation/subpaths.hpp"
+#include "simulator/frameworks/foundation/folder_listing.hpp"
 
+#include <dirent.h>
 #include <fts.h>
 
 #include <cerrno>
 #include <memory>
+#include <string_view>
+#include <utility>
 
 #include "simulator/runtime/encoding.hpp"
 #include "simulator/runtime/objc.hpp"
@@ -37,6 +40,31 @@ int obstacle(const FTSENT* first) {
   return first->fts_errno != 0 ? first->fts_errno : ENOTDIR;
 }
 
+// A listing is an array of names. They are owned here, not autoreleased: a large folder leaves nothing behind but the
+// array.
+void addName(id listing, const char* name) {
+  const auto added =
+      Ref<objc_object>::adopt(send<id>(send<id>("NSString"_cls, "alloc"_sel), "initWithUTF8String:"_sel, name));
+  if (added != nullptr) send(listing, "addObject:"_sel, added.get());
+}
+
+id listingOrError(Ref<objc_object> listing, int failure, id path, id* error) {
+  if (failure == 0) return autoreleased(std::move(listing));
+  if (error != nullptr) *error = cocoaError(readError(failure), path);
+  return nullptr;
+}
+
+id contentsOfDirectory(id, SEL, id path, id* error) {
+  const std::unique_ptr<DIR, decltype(&closedir)> folder(opendir(text(path).c_str()), &closedir);
+  const int failure = folder ? 0 : errno;
+  auto found = make("NSMutableArray"_cls);
+  while (const dirent* entry = folder ? readdir(folder.get()) : nullptr) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") addName(found, entry->d_name);
+  }
+  return listingOrError(found, failure, path, error);
+}
+
 id subpathsOfDirectory(id, SEL, id path, id* error) {
   const std::string folder = text(path);
   char* const roots[] = {const_cast<char*>(folder.c_str()), nullptr};
@@ -46,7 +74,6 @@ id subpathsOfDirectory(id, SEL, id path, id* error) {
   const FTSENT* entry = walk ? fts_read(walk.get()) : nullptr;
   int failure = obstacle(entry);
   const auto root = entry != nullptr ? entry->fts_pathlen : 0;
-  // The names are owned here, not autoreleased: a large folder leaves nothing behind but the array.
   auto found = make("NSMutableArray"_cls);
   while (failure == 0 && (entry = fts_read(walk.get())) != nullptr) {
     if (entry->fts_info == FTS_DNR && entry->fts_level == FTS_ROOTLEVEL) failure = entry->fts_errno;
@@ -54,20 +81,19 @@ id subpathsOfDirectory(id, SEL, id path, id* error) {
     if (entry->fts_info == FTS_DP || entry->fts_info == FTS_DNR) continue;
     const char* relative = entry->fts_path + root;
     while (*relative == '/') ++relative;
-    const auto name =
-        Ref<objc_object>::adopt(send<id>(send<id>("NSString"_cls, "alloc"_sel), "initWithUTF8String:"_sel, relative));
-    if (name != nullptr) send(found.get(), "addObject:"_sel, name.get());
+    addName(found, relative);
   }
-  if (failure == 0) return autoreleased(found);
-  if (error != nullptr) *error = cocoaError(readError(failure), path);
-  return nullptr;
+  return listingOrError(found, failure, path, error);
 }
 
 }  // namespace
 
-void installSubpaths() {
+void installFolderListing() {
+  const std::string encoding = methodEncoding<id, id, id*>();
+  class_replaceMethod("NSFileManager"_cls, "contentsOfDirectoryAtPath:error:"_sel,
+                      reinterpret_cast<IMP>(&contentsOfDirectory), encoding.c_str());
   class_replaceMethod("NSFileManager"_cls, "subpathsOfDirectoryAtPath:error:"_sel,
-                      reinterpret_cast<IMP>(&subpathsOfDirectory), methodEncoding<id, id, id*>().c_str());
+                      reinterpret_cast<IMP>(&subpathsOfDirectory), encoding.c_str());
 }
 
 }  // namespace sim

@@ -1,8 +1,0 @@
-#pragma once
-
-namespace sim {
-
-/// Gives `NSFileManager` the method `subpathsOfDirectoryAtPath:error:`.
-void installSubpaths();
-
-}  // namespace sim
