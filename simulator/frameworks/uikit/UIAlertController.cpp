@@ -1,6 +1,7 @@
 #include "simulator/frameworks/uikit/UIAlertController.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include "simulator/frameworks/foundation/copying.hpp"
 #include "simulator/frameworks/foundation/exception.hpp"
@@ -63,12 +64,22 @@ void requirePopoverAnchor(UIViewController* presented, UIViewController* present
           "UIPopoverPresentationControllerDelegate method -prepareForPopoverPresentation.");
 }
 
-void tap(UIAlertController* alert, UIAlertAction* action) {
-  const Ref<UIAlertController> keptAlert = alert;
-  const Ref<UIAlertAction> keptAction = action;
+PendingTap press(UIAlertController* alert, UIAlertAction* action) {
+  PendingTap tap{action->handler, action};
   send(alert->presentingViewController, "dismissViewControllerAnimated:completion:"_sel, true,
        static_cast<const BlockLiteral*>(nullptr));
-  action->handler(action);
+  return tap;
+}
+
+void tap(UIAlertController* alert, UIAlertAction* action) {
+  const Ref<UIAlertController> kept = alert;
+  press(alert, action).finish();
+}
+
+void UIAlertController::forgetHandlers() {
+  // A handler may hold this alert, or the last that holds it, so they go last.
+  std::vector<BlockRef> handlers;
+  for (UIAlertAction* action : actions) handlers.push_back(std::exchange(action->handler, {}));
 }
 
 void defineUIAlertController() {

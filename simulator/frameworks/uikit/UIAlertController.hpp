@@ -30,12 +30,25 @@ struct UIAlertController : UIViewController {
   id textFieldsArray();
   /// On a tablet a sheet is shown in a popover; anything else has none.
   id popoverPresentationController();
+
+  /// Lets go of the buttons' handlers, which may hold the alert.
+  void forgetHandlers();
 };
 
 /// Raises, as a tablet does, when `presented` is a sheet that does not say where its popover belongs.
 void requirePopoverAnchor(UIViewController* presented, UIViewController* presenter);
 
-/// A person taps a button: the alert goes from the screen, then the action's handler is called.
+/// A tapped button whose handler is still to be called. It keeps what that takes, and not the alert.
+struct PendingTap {
+  BlockRef handler;
+  Ref<UIAlertAction> action;
+
+  void finish() const { handler(action.get()); }
+};
+
+/// A person taps a button: the alert goes from the screen. What is left to do is to finish the tap.
+PendingTap press(UIAlertController* alert, UIAlertAction* action);
+/// The same, and the action's handler is called.
 void tap(UIAlertController* alert, UIAlertAction* action);
 
 void defineUIAlertController();

@@ -11,7 +11,9 @@
 namespace sim {
 
 UIViewController::~UIViewController() {
-  if (presentedViewController) presentedViewController->presentingViewController = nullptr;
+  if (!presentedViewController) return;
+  presentedViewController->presentingViewController = nullptr;
+  leftScreen(presentedViewController);
 }
 
 UIView* UIViewController::view() {
@@ -72,11 +74,22 @@ void UIViewController::dismissViewController(bool animated, const BlockLiteral* 
     send(leaving.get(), "viewDidDisappear:"_sel, animated);
     block();
   });
+  // Even if the former raises. Whoever hears of its end may have presented it again.
+  dispatch::onNextTurn([leaving] {
+    if (leaving->window() == nullptr) leftScreen(leaving);
+  });
 }
 
 UIWindow* UIViewController::window() {
   if (presentingViewController != nullptr) return presentingViewController->window();
   return loadedView ? loadedView->window() : nullptr;
+}
+
+void leftScreen(UIViewController* controller) {
+  std::vector<Ref<UIAlertController>> alerts;
+  for (; controller != nullptr; controller = controller->presentedViewController)
+    if (isKind(controller, "UIAlertController"_cls)) alerts.emplace_back(static_cast<UIAlertController*>(controller));
+  for (UIAlertController* alert : alerts) alert->forgetHandlers();
 }
 
 void defineUIViewController() {

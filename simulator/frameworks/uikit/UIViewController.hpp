@@ -35,6 +35,10 @@ struct UIViewController : Object {
   UIWindow* window();
 };
 
+/// A controller and what it presents have left the screen: alerts among them let go of their buttons' handlers, which
+/// can be tapped no more. Nil has no effect.
+void leftScreen(UIViewController* controller);
+
 void defineUIViewController();
 
 }  // namespace sim

@@ -26,7 +26,10 @@ UIWindow::UIWindow() {
   windows().push_back(this);
 }
 
-UIWindow::~UIWindow() { std::erase(windows(), this); }
+UIWindow::~UIWindow() {
+  std::erase(windows(), this);
+  letGoOf(rootViewController);
+}
 
 void UIWindow::setHidden(bool hide) {
   if (hidden == hide) return;
@@ -47,8 +50,17 @@ void UIWindow::setRootViewController(UIViewController* controller) {
   if (controller == rootViewController.get()) return;
   if (rootViewController && send<BOOL>(rootViewController.get(), "isViewLoaded"_sel))
     send(send<id>(rootViewController.get(), "view"_sel), "removeFromSuperview"_sel);
+  const Ref<UIViewController> previous = rootViewController;
   rootViewController = controller;
+  letGoOf(previous);
   if (!hidden) showRootView();
+}
+
+// What a controller presents goes with it, unless another window shows it by now.
+void UIWindow::letGoOf(UIViewController* controller) {
+  if (controller == nullptr) return;
+  const UIWindow* shownBy = controller->window();
+  if (shownBy == nullptr || shownBy == this) leftScreen(controller->presentedViewController);
 }
 
 // A window takes in its root view once it is on the screen.

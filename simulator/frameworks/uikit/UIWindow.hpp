@@ -27,6 +27,7 @@ struct UIWindow : UIView {
 
  private:
   void showRootView();
+  void letGoOf(UIViewController* controller);
 };
 
 /// Every window that lives, oldest first. None is kept alive by this list.
