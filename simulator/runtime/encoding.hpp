@@ -40,6 +40,13 @@ struct Encoding<const BlockLiteral*> {
   static std::string text() { return "@?"; }
 };
 
+/// A BOOL argument as the byte that arrived, which may be any. C++ takes a `bool` for 0 or 1, whatever it holds.
+enum class RawBool : std::uint8_t {};
+template <>
+struct Encoding<RawBool> {
+  static std::string text() { return "B"; }
+};
+
 /// The encoding of a method: result, receiver, selector, arguments.
 template <class Result, class... Arguments>
 std::string methodEncoding() {

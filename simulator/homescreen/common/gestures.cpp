@@ -125,7 +125,8 @@ void powerDown() {
   platformActions().showPowerDown();
 }
 
-void notify(const std::string& application, const std::string& text, const NotificationPlaces& places, bool modal) {
+void notify(const std::string& application, const std::string& text, const NotificationPlaces& places,
+            std::uint8_t modal) {
   if (SBApplicationController::shared()->applicationWithBundleIdentifier(ns(application)) == nullptr)
     throw BadRequest("There is no application \"" + application + "\"");
   const auto request = make<NCNotificationRequest>("NCNotificationRequest"_cls);

@@ -45,7 +45,8 @@ struct NotificationPlaces {
   bool banner = true;
 };
 /// A notification of an application arrives.
-void notify(const std::string& application, const std::string& text, const NotificationPlaces& places, bool modal);
+void notify(const std::string& application, const std::string& text, const NotificationPlaces& places,
+            std::uint8_t modal);
 
 void startDownload(const std::string& application);
 /// Asks the icon whether it is downloading.

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "simulator/runtime/encoding.hpp"
 #include "simulator/runtime/objc.hpp"
 
 namespace sim {
@@ -37,6 +38,12 @@ struct PostedNotification {
   bool modal = false;
 };
 
+/// The BOOL arguments of one call of a platform's method, as the bytes that arrived.
+struct PassedOn {
+  std::string method;
+  std::vector<RawBool> values;
+};
+
 struct Home {
   Generation generation = Generation::old;
   bool screenOn = true;
@@ -49,6 +56,7 @@ struct Home {
   std::vector<DeliveredNotification> banners, lockScreen;
   std::vector<Launch> launches;
   std::vector<PostedNotification> posted;     ///< what reached the platform's own methods
+  std::vector<PassedOn> passedOn;             ///< likewise, of the methods whose hooks only pass such arguments on
   std::vector<std::string> completedBanners;  ///< texts of the notifications whose completion was called
   long touchesMoved = 0;                      ///< how often the platform's own method was told of a moved touch
   long forceTouchStateAsked = 0;              ///< how often the platform's own method was asked for the list's state

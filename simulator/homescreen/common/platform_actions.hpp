@@ -15,8 +15,8 @@ struct QuickActionEntry {
 
 /// How the cover sheet is told of the screen's state.
 struct ScreenChange {
-  bool off = true;
-  bool autoUnlock = false;
+  std::uint8_t off = true;  ///< this and the next are told as they are, even if they are no booleans
+  std::uint8_t autoUnlock = false;
   std::optional<NSInteger> unlockSource;  ///< told of only when it is there
 };
 
@@ -38,7 +38,7 @@ struct PlatformActions {
   void (*showPowerDown)();
   void (*postToLockScreen)(NCNotificationRequest* request);
   /// `modal` is for the generation that knows modal notifications.
-  void (*postBanner)(NCNotificationRequest* request, bool modal);
+  void (*postBanner)(NCNotificationRequest* request, std::uint8_t modal);
 };
 
 /// Those of the running generation.

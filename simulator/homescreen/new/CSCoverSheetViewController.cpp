@@ -1,10 +1,12 @@
 #include "simulator/homescreen/new/CSCoverSheetViewController.hpp"
 
+#include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/common/shared_instance.hpp"
 
 namespace sim::recent {
 
-void CSCoverSheetViewController::viewWillAppear(BOOL animated) {
+void CSCoverSheetViewController::viewWillAppear(RawBool animated) {
+  home().passedOn.push_back({"viewWillAppear:", {animated}});
   sendSuper(this, "UIViewController"_cls, "viewWillAppear:"_sel, animated);
 }
 

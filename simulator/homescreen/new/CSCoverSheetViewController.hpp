@@ -6,7 +6,7 @@
 namespace sim::recent {
 
 struct CSCoverSheetViewController : UIViewController {
-  void viewWillAppear(BOOL animated);
+  void viewWillAppear(RawBool animated);
 };
 
 void defineCSCoverSheetViewController();

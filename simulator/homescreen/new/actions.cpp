@@ -28,8 +28,8 @@ void launch(SBIcon* icon, const std::string& identifier) {
 
 // The cover sheet is in front whenever the screen goes off, and when a locked one comes on.
 void changeScreen(const ScreenChange& change) {
-  home().screenOn = !change.off;
-  if (change.off || home().locked)
+  home().screenOn = change.off == 0;
+  if (change.off != 0 || home().locked)
     send(sharedInstance("CSCoverSheetViewController"_cls), "viewWillAppear:"_sel, BOOL{false});
 }
 
@@ -42,7 +42,7 @@ void postToLockScreen(NCNotificationRequest* request) {
   send(sharedInstance("CSNotificationDispatcher"_cls), "postNotificationRequest:"_sel, request);
 }
 
-void postBanner(NCNotificationRequest* request, bool) {
+void postBanner(NCNotificationRequest* request, std::uint8_t) {
   send(sharedInstance("SBNotificationBannerDestination"_cls), "postNotificationRequest:"_sel, request);
 }
 

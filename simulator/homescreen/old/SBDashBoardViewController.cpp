@@ -5,8 +5,15 @@
 
 namespace sim::old {
 
-void SBDashBoardViewController::setInScreenOffMode(BOOL off, BOOL) { home().screenOn = !off; }
-void SBDashBoardViewController::setInScreenOffModeFromSource(BOOL off, BOOL, NSInteger) { home().screenOn = !off; }
+void SBDashBoardViewController::setInScreenOffMode(RawBool off, RawBool autoUnlock) {
+  home().passedOn.push_back({"setInScreenOffMode:forAutoUnlock:", {off, autoUnlock}});
+  home().screenOn = off == RawBool{};
+}
+
+void SBDashBoardViewController::setInScreenOffModeFromSource(RawBool off, RawBool autoUnlock, NSInteger) {
+  home().passedOn.push_back({"setInScreenOffMode:forAutoUnlock:fromUnlockSource:", {off, autoUnlock}});
+  home().screenOn = off == RawBool{};
+}
 
 void defineSBDashBoardViewController() {
   ClassBuilder<SBDashBoardViewController, UIViewController>("SBDashBoardViewController", "UIViewController")

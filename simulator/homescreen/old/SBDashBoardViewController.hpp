@@ -6,8 +6,8 @@
 namespace sim::old {
 
 struct SBDashBoardViewController : UIViewController {
-  void setInScreenOffMode(BOOL off, BOOL autoUnlock);
-  void setInScreenOffModeFromSource(BOOL off, BOOL autoUnlock, NSInteger unlockSource);
+  void setInScreenOffMode(RawBool off, RawBool autoUnlock);
+  void setInScreenOffModeFromSource(RawBool off, RawBool autoUnlock, NSInteger unlockSource);
 };
 
 void defineSBDashBoardViewController();

@@ -4,11 +4,13 @@
 
 namespace sim::old {
 
-void SBNotificationBannerDestination::post(NCNotificationRequest* request, id coalesced, BOOL modal, id sourceAction,
+void SBNotificationBannerDestination::post(NCNotificationRequest* request, id coalesced, RawBool modal, id sourceAction,
                                            const BlockLiteral* completion) {
   home().banners.push_back(delivered(request));
   home().posted.push_back(
-      {"banner", request->text, textOrNone(coalesced), textOrNone(sourceAction), static_cast<bool>(modal)});
+      {"banner", request->text, textOrNone(coalesced), textOrNone(sourceAction), modal != RawBool{}});
+  home().passedOn.push_back(
+      {"_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:", {modal}});
   BlockRef{completion}(BOOL{true});
 }
 

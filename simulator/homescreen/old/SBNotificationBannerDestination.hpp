@@ -8,7 +8,8 @@ namespace sim::old {
 
 struct SBNotificationBannerDestination : Object {
   /// The completion is called with whether the banner is shown.
-  void post(NCNotificationRequest* request, id coalesced, BOOL modal, id sourceAction, const BlockLiteral* completion);
+  void post(NCNotificationRequest* request, id coalesced, RawBool modal, id sourceAction,
+            const BlockLiteral* completion);
 };
 
 void defineSBNotificationBannerDestination();

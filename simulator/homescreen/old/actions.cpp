@@ -53,9 +53,9 @@ void closeQuickActions() { old::SBUIAppIconForceTouchController::shared()->close
 void changeScreen(const ScreenChange& change) {
   id dashBoard = sharedInstance("SBDashBoardViewController"_cls);
   if (change.unlockSource)
-    send(dashBoard, "setInScreenOffMode:forAutoUnlock:fromUnlockSource:"_sel, BOOL{change.off}, BOOL{change.autoUnlock},
-         *change.unlockSource);
-  else send(dashBoard, "setInScreenOffMode:forAutoUnlock:"_sel, BOOL{change.off}, BOOL{change.autoUnlock});
+    send(dashBoard, "setInScreenOffMode:forAutoUnlock:fromUnlockSource:"_sel, RawBool{change.off},
+         RawBool{change.autoUnlock}, *change.unlockSource);
+  else send(dashBoard, "setInScreenOffMode:forAutoUnlock:"_sel, RawBool{change.off}, RawBool{change.autoUnlock});
 }
 
 void showPowerDown() { send(sharedInstance("SBPowerDownController"_cls), "orderFront"_sel); }
@@ -68,10 +68,10 @@ void postToLockScreen(NCNotificationRequest* request) {
        request, coalesced(request));
 }
 
-void postBanner(NCNotificationRequest* request, bool modal) {
+void postBanner(NCNotificationRequest* request, std::uint8_t modal) {
   send(sharedInstance("SBNotificationBannerDestination"_cls),
        "_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:"_sel, request,
-       coalesced(request), BOOL{modal}, ns("source of " + request->text),
+       coalesced(request), RawBool{modal}, ns("source of " + request->text),
        makeBlock<void(BOOL)>([text = request->text] { home().completedBanners.push_back(text); }).pointer());
 }
 
