@@ -13,6 +13,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "simulator/control/agent/agent.hpp"
 #include "simulator/device/clock.hpp"
@@ -22,6 +23,7 @@
 #include "simulator/frameworks/uikit/uikit.hpp"
 #include "simulator/homescreen/common/classes.hpp"
 #include "simulator/homescreen/common/home.hpp"
+#include "simulator/runtime/interposition.hpp"
 #include "simulator/runtime/library.hpp"
 #include "simulator/runtime/main_queue.hpp"
 
@@ -37,6 +39,7 @@ struct Options {
   bool tablet = false;
   std::optional<double> clock;  // seconds since 1970
   bool live = false;
+  std::vector<std::string> interposed;  // methods
   std::string library;
 };
 
@@ -67,6 +70,7 @@ constexpr OptionRow optionRows[] = {
     {"tablet", no_argument, [](Options& o, const char*) { o.tablet = true; }},
     {"clock", required_argument, [](Options& o, const char* value) { o.clock = number(value); }},
     {"live", no_argument, [](Options& o, const char*) { o.live = true; }},
+    {"interpose", required_argument, [](Options& o, const char* value) { o.interposed.emplace_back(value); }},
     {"library", required_argument, [](Options& o, const char* value) { o.library = value; }},
 };
 
@@ -113,6 +117,7 @@ void startUp(const Options& options) {
   sim::defineUIKit();
   sim::setIdiom(options.tablet ? sim::UIUserInterfaceIdiom::pad : sim::UIUserInterfaceIdiom::phone);
   sim::defineHomeScreenClasses();
+  for (const auto& method : options.interposed) sim::interpose(method);
   if (!options.library.empty()) sim::mapLibrary(options.library);
   sim::UIApplication* springBoard = sim::startApplication("SpringBoard"_cls);
   sim::send(springBoard, "applicationDidFinishLaunching:"_sel, springBoard);

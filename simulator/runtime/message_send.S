@@ -1,6 +1,7 @@
-// The message-send entry points, over the runtime's method lookup. Each keeps every argument register,
-// asks for the implementation and jumps to it, so that arguments and results of any type pass untouched.
-// A message to nil gives zero in every result register.
+// The message-send entry points, over the runtime's method lookup, and what stands in an interposed method's place.
+// Each keeps every argument register, asks for the implementation and jumps to it, so that arguments and results of
+// any type pass untouched. A message to nil gives zero in every result register. An exception may pass through the
+// asking.
 
 #if defined(__x86_64__)
 
@@ -47,6 +48,7 @@
     mov %rbp, %rsp
     pop %rbp
     .cfi_def_cfa %rsp, 8
+    .cfi_restore %rbp
 .endm
 
     .text
@@ -55,19 +57,40 @@
 objc_msgSend:
     .cfi_startproc
     test %rdi, %rdi
-    jz 1f
+    jz simGiveNothing
     SAVE_ARGUMENTS
     call simLookUpMessage@PLT
     mov %rax, %r11
     RESTORE_ARGUMENTS
     jmp *%r11
-1:  xor %eax, %eax
+    .cfi_endproc
+    .size objc_msgSend, . - objc_msgSend
+
+    .globl simGiveNothing
+    .hidden simGiveNothing
+    .type simGiveNothing, @function
+simGiveNothing:
+    .cfi_startproc
+    xor %eax, %eax
     xor %edx, %edx
     pxor %xmm0, %xmm0
     pxor %xmm1, %xmm1
     ret
     .cfi_endproc
-    .size objc_msgSend, . - objc_msgSend
+    .size simGiveNothing, . - simGiveNothing
+
+    .globl simInterposed
+    .hidden simInterposed
+    .type simInterposed, @function
+simInterposed:
+    .cfi_startproc
+    SAVE_ARGUMENTS
+    call simChooseImplementation@PLT
+    mov %rax, %r11
+    RESTORE_ARGUMENTS
+    jmp *%r11
+    .cfi_endproc
+    .size simInterposed, . - simInterposed
 
     // The result's address comes first, the receiver second.
     .globl objc_msgSend_stret
@@ -106,7 +129,11 @@ objc_msgSendSuper:
 
 .macro SAVE_ARGUMENTS
     stp x29, x30, [sp, #-0xe0]!
+    .cfi_def_cfa_offset 0xe0
+    .cfi_offset x29, -0xe0
+    .cfi_offset x30, -0xd8
     mov x29, sp
+    .cfi_def_cfa_register x29
     stp x0, x1, [sp, #0x10]
     stp x2, x3, [sp, #0x20]
     stp x4, x5, [sp, #0x30]
@@ -129,35 +156,64 @@ objc_msgSendSuper:
     ldp q4, q5, [sp, #0xa0]
     ldp q6, q7, [sp, #0xc0]
     ldp x29, x30, [sp], #0xe0
+    .cfi_def_cfa sp, 0
+    .cfi_restore x29
+    .cfi_restore x30
 .endm
 
     .text
     .globl objc_msgSend
     .type objc_msgSend, %function
 objc_msgSend:
-    cbz x0, 1f
+    .cfi_startproc
+    cbz x0, simGiveNothing
     SAVE_ARGUMENTS
     bl simLookUpMessage
     mov x16, x0
     RESTORE_ARGUMENTS
     br x16
-1:  mov x1, #0
+    .cfi_endproc
+    .size objc_msgSend, . - objc_msgSend
+
+    .globl simGiveNothing
+    .hidden simGiveNothing
+    .type simGiveNothing, %function
+simGiveNothing:
+    .cfi_startproc
+    mov x0, #0
+    mov x1, #0
     movi v0.2d, #0
     movi v1.2d, #0
     movi v2.2d, #0
     movi v3.2d, #0
     ret
-    .size objc_msgSend, . - objc_msgSend
+    .cfi_endproc
+    .size simGiveNothing, . - simGiveNothing
+
+    .globl simInterposed
+    .hidden simInterposed
+    .type simInterposed, %function
+simInterposed:
+    .cfi_startproc
+    SAVE_ARGUMENTS
+    bl simChooseImplementation
+    mov x16, x0
+    RESTORE_ARGUMENTS
+    br x16
+    .cfi_endproc
+    .size simInterposed, . - simInterposed
 
     .globl objc_msgSendSuper
     .type objc_msgSendSuper, %function
 objc_msgSendSuper:
+    .cfi_startproc
     SAVE_ARGUMENTS
     bl objc_msg_lookup_super
     mov x16, x0
     RESTORE_ARGUMENTS
     ldr x0, [x0]
     br x16
+    .cfi_endproc
     .size objc_msgSendSuper, . - objc_msgSendSuper
 
 #else

@@ -6,9 +6,9 @@ namespace sim {
 
 id sharedInstance(Class cls) {
   static std::map<Class, id> instances;
-  auto [entry, isNew] = instances.try_emplace(cls, nullptr);
-  if (isNew) entry->second = send<id>(send<id>(cls, "alloc"_sel), "init"_sel);
-  return entry->second;
+  id& instance = instances[cls];
+  if (instance == nullptr) instance = send<id>(send<id>(cls, "alloc"_sel), "init"_sel);
+  return instance;
 }
 
 }  // namespace sim
