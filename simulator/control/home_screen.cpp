@@ -51,6 +51,7 @@ void HomeScreen::start() {
   if (options_.clock) command.insert(command.end(), {"--clock", number(*options_.clock)});
   if (options_.live) command.emplace_back("--live");
   if (!options_.library.empty()) command.insert(command.end(), {"--library", options_.library});
+  for (const auto& method : options_.interposed) command.insert(command.end(), {"--interpose", method});
   std::map<std::string, std::string> environment = options_.environment;
   // Foundation looks at the machine's own time zone before it looks at TZ.
   if (options_.timeZone) environment["GNUSTEP_TZ"] = environment["TZ"] = *options_.timeZone;
@@ -92,6 +93,8 @@ HomeScreen& HomeScreen::forceTouch(std::string_view id) { return act("forceTouch
 HomeScreen& HomeScreen::choose(std::string_view title) { return act("choose", {{"title", title}}); }
 HomeScreen& HomeScreen::tap(std::string_view title) { return act("tap", {{"title", title}}); }
 HomeScreen& HomeScreen::tapAndGoOn(std::string_view title) { return act("tap", {{"title", title}, {"goOn", true}}); }
+HomeScreen& HomeScreen::tapLate(std::string_view title) { return act("tap", {{"title", title}, {"late", true}}); }
+HomeScreen& HomeScreen::finishTap() { return act("finishTap"); }
 HomeScreen& HomeScreen::type(std::string_view text) { return act("type", {{"text", text}}); }
 HomeScreen& HomeScreen::launch(std::string_view id) { return act("launch", {{"id", id}}); }
 HomeScreen& HomeScreen::home() { return act("home"); }
@@ -137,9 +140,28 @@ HomeScreen& HomeScreen::advance(double seconds) {
 HomeScreen& HomeScreen::rescan() { return act("rescan"); }
 
 HomeScreen& HomeScreen::perform(std::string_view selector, std::optional<std::string> className) {
-  Json members = {{"selector", selector}};
+  return performWith(selector, {}, std::move(className));
+}
+
+HomeScreen& HomeScreen::performWith(std::string_view selector, const std::vector<std::int64_t>& arguments,
+                                    std::optional<std::string> className) {
+  Json members = {{"selector", selector}, {"arguments", arguments}};
   if (className) members["target"] = *className;
   return act("perform", members);
+}
+
+HomeScreen& HomeScreen::interpose(std::string_view method, Json members) {
+  members["method"] = method;
+  return act("interpose", std::move(members));
+}
+
+std::map<std::string, long> HomeScreen::interposedCalls() {
+  return ask("platform").at("interposed").get<std::map<std::string, long>>();
+}
+
+bool HomeScreen::raises(const std::string& verb, Json members) {
+  members["catching"] = true;
+  return ask(verb, std::move(members)).at("raised").get<bool>();
 }
 
 Screen HomeScreen::screen() { return ask("screen").get<Screen>(); }

@@ -42,6 +42,7 @@ class HomeScreen {
     bool live = false;                                    ///< the clock runs by itself
     std::string library = "/run/simulator/Sprigdial.so";  ///< the add-on, by its path on the device; "" for none
     std::map<std::string, std::string> environment;       ///< of the process, besides the usual
+    std::vector<std::string> interposed;                  ///< methods, "CLASS SELECTOR" or "+CLASS SELECTOR"
   };
 
   /// The folder of the running program.
@@ -72,8 +73,12 @@ class HomeScreen {
   HomeScreen& choose(std::string_view title);
   /// Taps a button of the topmost window's sheet or alert.
   HomeScreen& tap(std::string_view title);
-  /// The same, but goes on when the tap starts a program that the home screen then waits for. Until the program's
-  /// end the screen can be looked at; whatever else is done waits for it.
+  /// The same, but the button's handler runs only when the tap is finished, long after the alert has gone.
+  HomeScreen& tapLate(std::string_view title);
+  /// Finishes the first of the late taps.
+  HomeScreen& finishTap();
+  /// The same as a tap, but goes on when the tap starts a program that the home screen then waits for. Until the
+  /// program's end the screen can be looked at; whatever else is done waits for it.
   HomeScreen& tapAndGoOn(std::string_view title);
   /// Replaces the text of the topmost alert's first text field.
   HomeScreen& type(std::string_view text);
@@ -87,8 +92,8 @@ class HomeScreen {
 
   /// What the old generation's cover sheet is told when the screen goes off or on.
   struct ScreenMode {
-    std::optional<bool> mode, autoUnlock;
-    std::optional<int> source;  ///< with it, by the longer method
+    std::optional<int> mode, autoUnlock;  ///< NO and YES, or any other byte
+    std::optional<int> source;            ///< with it, by the longer method
   };
   HomeScreen& screenOff(const ScreenMode& mode = {});
   HomeScreen& screenOn(const ScreenMode& mode = {});
@@ -116,6 +121,17 @@ class HomeScreen {
   HomeScreen& rescan();
   /// Sends a message without arguments to the menu host, or to the shared object of the class named.
   HomeScreen& perform(std::string_view selector, std::optional<std::string> className = {});
+
+  /// The same with arguments, six at most, each as wide as a register.
+  HomeScreen& performWith(std::string_view selector, const std::vector<std::int64_t>& arguments,
+                          std::optional<std::string> className = {});
+
+  /// Tells what becomes of an interposed method's next call: members of the verb `interpose`, "do" among them.
+  HomeScreen& interpose(std::string_view method, nlohmann::json members);
+  /// How often each interposed method was called.
+  std::map<std::string, long> interposedCalls();
+  /// Asks as `ask` does. Whether an exception came out of it, or of what was due after it; it is caught.
+  bool raises(const std::string& verb, nlohmann::json members = nlohmann::json::object());
 
   /// Everything he sees now. The events are told once.
   Screen screen();

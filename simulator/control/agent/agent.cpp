@@ -124,11 +124,7 @@ class Conversation {
   static json answerTo(const json& request) {
     if (!request.is_object()) return {{"error", "The request is no JSON object"}};
     try {
-      const std::int64_t start = clock::realTime();
-      json value = perform(request);
-      const double seconds = static_cast<double>(clock::realTime() - start) / 1e9;
-      runDueWork();
-      return {{"value", std::move(value)}, {"seconds", seconds}};
+      return answer(request);
     } catch (const std::exception& error) {
       return {{"error", error.what()}};
     }

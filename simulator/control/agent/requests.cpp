@@ -2,8 +2,12 @@
 
 #include <sys/resource.h>
 
+#include <array>
 #include <cmath>
+#include <deque>
+#include <exception>
 #include <map>
+#include <utility>
 
 #include "simulator/control/agent/measure.hpp"
 #include "simulator/control/agent/screen_reader.hpp"
@@ -19,6 +23,7 @@
 #include "simulator/runtime/blocks.hpp"
 #include "simulator/runtime/call_log.hpp"
 #include "simulator/runtime/class_description.hpp"
+#include "simulator/runtime/interposition.hpp"
 #include "simulator/runtime/main_queue.hpp"
 
 namespace sim {
@@ -40,6 +45,16 @@ template <class Value>
 Value valueOf(const json& request, const char* member, Value otherwise) {
   const auto value = request.find(member);
   return value != request.end() && !value->is_null() ? value->get<Value>() : otherwise;
+}
+
+// A boolean as a byte, which the driver may also give as it is.
+std::uint8_t byteOf(const json& request, const char* member, bool otherwise) {
+  const auto value = request.find(member);
+  if (value == request.end() || value->is_null()) return otherwise;
+  if (value->is_boolean()) return value->get<bool>();
+  const auto byte = value->is_number_integer() ? value->get<std::int64_t>() : -1;
+  if (byte < 0 || byte > 255) throw BadRequest(std::string("\"") + member + "\" is neither a boolean nor a byte");
+  return static_cast<std::uint8_t>(byte);
 }
 
 /// A gesture on the icon that the request names.
@@ -76,12 +91,32 @@ UIAlertController* requireAlert() {
   return alert;
 }
 
-json tapButton(const json& request) {
-  const std::string title = textOf(request, "title");
-  UIAlertController* alert = requireAlert();
+UIAlertAction* requireButton(UIAlertController* alert, const std::string& title) {
   for (UIAlertAction* action : alert->actions)
-    if (text(action->title) == title) return tap(alert, action), json();
+    if (text(action->title) == title) return action;
   throw BadRequest("The sheet or alert has no button \"" + title + "\"");
+}
+
+// The taps whose handlers have not run yet, in their order.
+std::deque<PendingTap>& pendingTaps() {
+  static std::deque<PendingTap> taps;
+  return taps;
+}
+
+json tapButton(const json& request) {
+  UIAlertController* alert = requireAlert();
+  UIAlertAction* action = requireButton(alert, textOf(request, "title"));
+  if (valueOf(request, "late", false)) pendingTaps().push_back(press(alert, action));
+  else tap(alert, action);
+  return {};
+}
+
+json finishTap(const json&) {
+  if (pendingTaps().empty()) throw BadRequest("No tap waits for its end");
+  const PendingTap tap = std::move(pendingTaps().front());
+  pendingTaps().pop_front();
+  tap.finish();
+  return {};
 }
 
 json typeText(const json& request) {
@@ -99,7 +134,7 @@ json edit(const json& request) {
 template <bool Off>
 json changeScreen(const json& request) {
   ScreenChange change{
-      .off = valueOf(request, "mode", Off), .autoUnlock = valueOf(request, "autoUnlock", false), .unlockSource = {}};
+      .off = byteOf(request, "mode", Off), .autoUnlock = byteOf(request, "autoUnlock", false), .unlockSource = {}};
   if (request.contains("source")) change.unlockSource = request["source"].get<NSInteger>();
   gestures::changeScreen(change);
   return {};
@@ -123,7 +158,7 @@ gestures::NotificationPlaces placesOf(const json& names) {
 json notify(const json& request) {
   gestures::notify(textOf(request, "id"), textOf(request, "text"),
                    request.contains("places") ? placesOf(request["places"]) : gestures::NotificationPlaces(),
-                   valueOf(request, "modal", false));
+                   byteOf(request, "modal", false));
   return {};
 }
 
@@ -230,9 +265,13 @@ json platformCounts(const json&) {
                       {"coalesced", each.coalesced},
                       {"sourceAction", each.sourceAction},
                       {"modal", each.modal}});
+  json passedOn = json::array();
+  for (const PassedOn& each : home().passedOn) passedOn.push_back({{"method", each.method}, {"values", each.values}});
   return {{"touchesMoved", home().touchesMoved},
           {"forceTouchStateAsked", home().forceTouchStateAsked},
           {"posted", posted},
+          {"passedOn", passedOn},
+          {"interposed", interposedCalls()},
           {"completedBanners", home().completedBanners}};
 }
 
@@ -253,6 +292,18 @@ id sharedObject(const std::string& className) {
   throw BadRequest("The class \"" + className + "\" has no shared object");
 }
 
+// A method takes no notice of more than it has; each fills a register or its place on the stack.
+std::array<std::int64_t, 6> argumentsOf(const json& request) {
+  std::array<std::int64_t, 6> arguments{};
+  const json given = valueOf(request, "arguments", json::array());
+  if (given.size() > arguments.size()) throw BadRequest("A message takes six arguments at most here");
+  for (std::size_t i = 0; i < given.size(); ++i) {
+    if (!given.at(i).is_number_integer()) throw BadRequest("The arguments of a message are integers");
+    arguments[i] = given[i].get<std::int64_t>();
+  }
+  return arguments;
+}
+
 json performSelector(const json& request) {
   id target = request.contains("target") ? sharedObject(textOf(request, "target")) : platformActions().menuHost();
   const std::string name = textOf(request, "selector");
@@ -260,7 +311,33 @@ json performSelector(const json& request) {
   if (!send<BOOL>(target, "respondsToSelector:"_sel, selector))
     throw BadRequest(std::string("A \"") + class_getName(object_getClass(target)) + "\" does not answer \"" + name +
                      "\"");
-  send(target, selector);
+  const auto arguments = argumentsOf(request);
+  send(target, selector, arguments[0], arguments[1], arguments[2], arguments[3], arguments[4], arguments[5]);
+  return {};
+}
+
+json interposeMethod(const json& request) {
+  static const std::map<std::string, Interposition> known = {
+      {"off", {}},
+      {"raise", {.what = Interference::raise}},
+      {"raise always", {.what = Interference::raise, .always = true}},
+      {"nil", {.what = Interference::nil}},
+      {"other", {.what = Interference::other}},
+      {"perform", {.what = Interference::prior}},
+  };
+  const std::string what = textOf(request, "do");
+  const auto row = known.find(what);
+  if (row == known.end()) throw BadRequest("An interposed method cannot be told to \"" + what + "\"");
+  Interposition interposition = row->second;
+  interposition.skip = valueOf(request, "skip", 0L);
+  if (interposition.what == Interference::prior)
+    interposition.first = [requests = request.at("requests")] {
+      for (const json& each : requests) {
+        const AutoreleasePool pool;
+        answer(each);
+      }
+    };
+  interfere(textOf(request, "method"), std::move(interposition));
   return {};
 }
 
@@ -308,6 +385,7 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"forceTouch", onIcon<gestures::forceTouch>},
     {"choose", choose},
     {"tap", tapButton},
+    {"finishTap", finishTap},
     {"type", typeText},
     {"launch", onIcon<gestures::launch>},
     {"home", gesture<gestures::pressHome>},
@@ -333,6 +411,7 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"platform", platformCounts},
     {"memory", memory},
     {"perform", performSelector},
+    {"interpose", interposeMethod},
     {"makeIconView", makeIconView},
     {"measure", measure},
     {"darwinObservers", observers},
@@ -349,6 +428,30 @@ json perform(const json& request) {
   } catch (const json::exception&) {
     throw BadRequest("The request does not hold what \"" + verb + "\" takes");
   }
+}
+
+json answer(const json& request) {
+  const bool catching = request.value("catching", json()) == true;
+  // Whether the action raises. Its caller is told of what the driver did wrong in either case.
+  const auto raises = [catching](const auto& action) {
+    if (!catching) return action(), false;
+    try {
+      action();
+    } catch (const std::exception&) {
+      throw;
+    } catch (...) {
+      return true;
+    }
+    return false;
+  };
+  const std::int64_t start = clock::realTime();
+  json value;
+  bool raised = raises([&] { value = perform(request); });
+  const double seconds = static_cast<double>(clock::realTime() - start) / 1e9;
+  while (raises(runDueWork)) raised = true;
+  if (raised) value = {{"raised", true}};
+  else if (catching) value = {{"raised", false}, {"value", std::move(value)}};
+  return {{"value", std::move(value)}, {"seconds", seconds}};
 }
 
 }  // namespace sim
