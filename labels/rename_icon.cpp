@@ -115,9 +115,8 @@ void show(RenameIcon* self, SEL) {
     closeDialog(renamer);
     finish(renamer);
   }));
-  openAlertWindow();
+  presentAlert(controller);
   dialog.presenter.set(alertRootController.get());
-  dialog.presenter->present(controller);
 }
 
 void save(RenameIcon* self, SEL) {

@@ -29,10 +29,6 @@ T* as(NSObject* object) {
 class NSString : public NSObject {
  public:
   static Class cls() { return "NSString"_cls; }
-  /// A text that belongs to the caller.
-  static NSString* make(const char* utf8) {
-    return send<NSString*>(send<id>(cls(), "alloc"_sel), "initWithUTF8String:"_sel, utf8);
-  }
   static NSString* text(const char* utf8) { return send<NSString*>(cls(), "stringWithUTF8String:"_sel, utf8); }
   NSUInteger length() const { return send<NSUInteger>(this, "length"_sel); }
   bool isEqualToString(const NSString* other) const { return send<BOOL>(this, "isEqualToString:"_sel, other); }
@@ -56,7 +52,9 @@ class NSString : public NSObject {
 template <LiteralText Text>
 NSString* operator""_ns() {
   static constinit NSString* text = nullptr;
-  if (text == nullptr) text = NSString::make(Text.characters);
+  if (text == nullptr)
+    text = send<NSString*>(send<id>(NSString::cls(), "alloc"_sel), "initWithUTF8String:"_sel,
+                           static_cast<const char*>(Text.characters));
   return text;
 }
 
@@ -71,7 +69,6 @@ class NSNumber : public NSObject {
   static Class cls() { return "NSNumber"_cls; }
   static NSNumber* withBool(bool value) { return send<NSNumber*>(cls(), "numberWithBool:"_sel, BOOL{value}); }
   static NSNumber* withInt(int value) { return send<NSNumber*>(cls(), "numberWithInt:"_sel, value); }
-  static NSNumber* withInteger(NSInteger value) { return send<NSNumber*>(cls(), "numberWithLongLong:"_sel, value); }
   static NSNumber* withUnsigned(std::uint64_t value) {
     return send<NSNumber*>(cls(), "numberWithUnsignedLongLong:"_sel, value);
   }
@@ -108,7 +105,10 @@ class NSMutableArray : public NSArray {
   static NSMutableArray* copyOf(const NSArray* other) {
     return send<NSMutableArray*>("NSMutableArray"_cls, "arrayWithArray:"_sel, other != nullptr ? other : array());
   }
-  void add(const NSObject* object) { send(this, "addObject:"_sel, object); }
+  /// Nil is left out.
+  void add(const NSObject* object) {
+    if (object != nullptr) send(this, "addObject:"_sel, object);
+  }
   /// Removes every object that is equal to this one.
   void removeEqual(const NSObject* object) { send(this, "removeObject:"_sel, object); }
   void removeAll(const NSArray* objects) { send(this, "removeObjectsInArray:"_sel, objects); }

@@ -18,7 +18,8 @@ struct Key {
       : name(key), defaultValue(otherwise), real(destination) {}
 };
 
-// Every menu entry is on by default and everything else off: a fresh install shows all that the menu can do.
+// Every menu entry is on by default: a fresh install shows all that the menu can do. What changes how the home screen
+// behaves otherwise is off.
 constexpr Key keys[] = {
     {"enabled", &Settings::enabled, true},        {"direction", &Settings::direction, 0},
     {"slideValue", &Settings::slideValue, 1.0},   {"useForce", &Settings::useForce, false},
