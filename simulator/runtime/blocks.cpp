@@ -6,6 +6,8 @@
 #include <cstring>
 #include <utility>
 
+#include "simulator/runtime/class_builder.hpp"
+
 namespace {
 constexpr std::int32_t needsFree = 1 << 24;
 constexpr int poison = 0xB5;
@@ -63,5 +65,40 @@ BlockRef& BlockRef::operator=(BlockRef other) {
 BlockRef::~BlockRef() { _Block_release(block_); }
 
 long liveBlocks() { return living; }
+
+namespace {
+
+/// What a pool holds in a block's place: Foundation's pools send messages, which the runtime here cannot send to a
+/// block.
+struct BlockKeeper : Object {
+  const void* block;
+};
+
+void letGo(BlockKeeper* self, SEL) {
+  _Block_release(self->block);
+  sendSuper(self, "NSObject"_cls, "dealloc"_sel);
+}
+
+bool isOf(id object, void* const* blocks) { return reinterpret_cast<void* const*>(object->isa) == blocks; }
+
+}  // namespace
+
+// No builder: the keepers are the pools' business and not among the simulated objects that are counted.
+void defineBlockKeeper() {
+  Class cls = detail::allocateClass("BlockKeeper", "NSObject", sizeof(BlockKeeper), sizeof(Object), {});
+  detail::addMethod(cls, "dealloc", reinterpret_cast<IMP>(&letGo), methodEncoding<void>());
+}
+
+bool isBlock(id object) {
+  return isCopiedBlock(object) || isOf(object, _NSConcreteStackBlock) || isOf(object, _NSConcreteGlobalBlock);
+}
+
+bool isCopiedBlock(id object) { return isOf(object, _NSConcreteMallocBlock); }
+
+void autoreleaseBlock(id block) {
+  auto* keeper = static_cast<BlockKeeper*>(NSAllocateObject("BlockKeeper"_cls, 0, nullptr));
+  keeper->block = block;
+  send<id>(keeper, "autorelease"_sel);
+}
 
 }  // namespace sim

@@ -4,6 +4,12 @@
 #include "platform/block.hpp"
 #include "simulator/runtime/encoding.hpp"
 
+extern "C" {
+extern void* _NSConcreteMallocBlock[32];  // NOLINT(bugprone-reserved-identifier)
+void* _Block_copy(const void* source);    // NOLINT(bugprone-reserved-identifier)
+void _Block_release(const void* target);  // NOLINT(bugprone-reserved-identifier)
+}
+
 namespace sim {
 
 /// Keeps a copy of a block, as the platform's methods do with the blocks they are given. May hold none.
@@ -28,5 +34,13 @@ class BlockRef {
 
 /// How many copied blocks are alive in the process.
 long liveBlocks();
+
+/// Lets autorelease pools hold blocks. To be called once, before anything autoreleases one.
+void defineBlockKeeper();
+/// Whether the object, which is not nil, is a block, and whether it is one that was copied and is counted.
+bool isBlock(id object);
+bool isCopiedBlock(id object);
+/// Releases a copied block when the surrounding pool drains.
+void autoreleaseBlock(id block);
 
 }  // namespace sim

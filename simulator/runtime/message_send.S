@@ -88,7 +88,7 @@ objc_msgSend_stret:
     .cfi_endproc
     .size objc_msgSend_stret, . - objc_msgSend_stret
 
-    // The first argument is an objc_super, replaced by its receiver for the implementation.
+    // The first argument is a receiver with a superclass, replaced by its receiver for the implementation.
     .globl objc_msgSendSuper
     .type objc_msgSendSuper, @function
 objc_msgSendSuper:

@@ -10,12 +10,21 @@
 
 #include "platform/objc.hpp"
 
+namespace sim {
+/// A receiver and the superclass that its message goes to, as the runtime's lookup takes them.
+struct SuperTarget {
+  id receiver;
+  Class superclass;
+};
+}  // namespace sim
+
 extern "C" {
 IMP objc_msg_lookup(id receiver, SEL selector);
-IMP objc_msg_lookup_super(objc_super* target, SEL selector);
+IMP objc_msg_lookup_super(sim::SuperTarget* target, SEL selector);
 const char* class_getName(Class cls);
 const char* sel_getName(SEL selector);
 Class class_getSuperclass(Class cls);
+Method class_getInstanceMethod(Class cls, SEL selector);
 Method class_getClassMethod(Class cls, SEL selector);
 IMP method_getImplementation(Method method);
 IMP method_setImplementation(Method method, IMP implementation);
@@ -42,7 +51,7 @@ Result send(Class receiver, SEL selector, Arguments... arguments) {
 /// Sends a message to the implementation that `superclass` has for it.
 template <class Result = void, class... Arguments>
 Result sendSuper(id receiver, Class superclass, SEL selector, Arguments... arguments) {
-  objc_super target{receiver, superclass};
+  SuperTarget target{receiver, superclass};
   return reinterpret_cast<Result (*)(id, SEL, Arguments...)>(objc_msg_lookup_super(&target, selector))(
       receiver, selector, arguments...);
 }

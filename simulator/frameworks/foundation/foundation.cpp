@@ -5,12 +5,13 @@
 #include "simulator/frameworks/foundation/subpaths.hpp"
 #include "simulator/frameworks/foundation/task.hpp"
 #include "simulator/frameworks/foundation/user_defaults.hpp"
+#include "simulator/runtime/blocks.hpp"
 
 namespace sim {
 
 void installFoundationAdditions() {
-  static constexpr void (*additions[])() = {installUserDefaults, installPropertyListReading, installPropertyListWriting,
-                                            installSubpaths, installTaskWaiting};
+  static constexpr void (*additions[])() = {defineBlockKeeper,          installUserDefaults, installPropertyListReading,
+                                            installPropertyListWriting, installSubpaths,     installTaskWaiting};
   for (const auto install : additions) install();
 }
 

@@ -25,8 +25,8 @@ bool isDownloading(SBIcon* icon) { return isKind(icon, "SBDownloadingIcon"_cls);
 
 // Adds a new icon of the class, initialised with one object.
 SBIcon* addIcon(Class cls, SEL initialiser, id content) {
-  auto icon = Ref<SBIcon>::adopt(send<SBIcon*>(send<id>(cls, "alloc"_sel), initialiser, content));
-  iconModel()->icons.push_back(icon);
+  auto* icon = send<SBIcon*>(send<id>(cls, "alloc"_sel), initialiser, content);
+  iconModel()->icons.push_back(Ref<SBIcon>::adopt(icon));
   iconPage()->show(icon);
   return icon;
 }
