@@ -18,9 +18,9 @@ bool isFolder(NSString* archive) { return archive->isEqualToString("."_ns) || ar
 
 // Offers the application's archives, latest name first.
 void offer(const DataContainer& container, NSArray* archives, const Block<void(UIAlertAction*)>* choose) {
+  NSArray* latestFirst = archives->sortedDescending();
   auto* sheet =
       UIAlertController::alertController(container.title, container.identifier, UIAlertControllerStyle::actionSheet);
-  NSArray* latestFirst = archives->sortedDescending();
   const NSUInteger count = latestFirst->count();
   for (NSUInteger i = 0; i < count; ++i) {
     NSString* title = buttonTitle(latestFirst->at<NSString>(i));

@@ -1,5 +1,6 @@
 // Foundation, as far as the add-on uses it. Every class is used through pointers only; a message to nil
-// gives nil, zero or NO. Results stay at least until the surrounding autorelease pool drains.
+// gives nil, zero or NO. What is made new stays until the surrounding autorelease pool drains, if nobody keeps it
+// longer.
 #pragma once
 
 #include "platform/objc.hpp"
@@ -58,9 +59,10 @@ NSString* operator""_ns() {
   return text;
 }
 
-/// What the format "%@" writes for an object: its description, and "(null)" for nil.
+/// What the format "%@" writes for an object: its description, and "(null)" for nil. A text of its own: it stays when
+/// the object goes.
 inline NSString* formatted(NSObject* object) {
-  NSString* text = object->description();
+  NSString* text = kept(object->description());
   return text != nullptr ? text : "(null)"_ns;
 }
 
@@ -193,6 +195,11 @@ class NSFileManager : public NSObject {
  public:
   static NSFileManager* defaultManager() { return send<NSFileManager*>("NSFileManager"_cls, "defaultManager"_sel); }
   bool fileExists(const NSString* path) const { return send<BOOL>(this, "fileExistsAtPath:"_sel, path); }
+  bool isDirectory(const NSString* path) const {
+    BOOL isDirectory = false;
+    return send<BOOL>(this, "fileExistsAtPath:isDirectory:"_sel, path, &isDirectory) && isDirectory;
+  }
+  /// Also of a folder: whether it can be entered.
   bool isExecutableFile(const NSString* path) const { return send<BOOL>(this, "isExecutableFileAtPath:"_sel, path); }
   /// The names directly in the folder; nil when it cannot be read. `error`, where one is asked for, is set to the
   /// reason then and left alone otherwise.

@@ -46,19 +46,11 @@ TEST_F(Compiler, RefusesAnAdoptedObjectThatNobodyKeeps) {
   expectRefusal(saysOfStatement("Ref<NSString>::adopt(text);"), "nodiscard");
 }
 
-TEST_F(Compiler, RefusesABlockWhosePointerOutlivesIt) {
-  EXPECT_EQ(
-      saysOfStatement("const auto block = makeBlock<void()>([text] { (void)text; }); block::call(block.pointer());"),
-      "");
-  expectRefusal(saysOfStatement("const void* gone = makeBlock<void()>([text] { (void)text; }).pointer(); (void)gone;"),
-                "dangling");
-}
-
 TEST_F(Compiler, TakesBlocksOfAnyResult) {
-  EXPECT_EQ(saysOfStatement("const auto twice = makeBlock<int(int)>([](int each) { return 2 * each; }); "
-                            "static_assert(__is_same(decltype(block::call<int>(twice.pointer(), 2)), int));"),
+  EXPECT_EQ(saysOfStatement("const auto* twice = makeBlock<int(int)>([](int each) { return 2 * each; }); "
+                            "static_assert(__is_same(decltype(block::call<int>(twice, 2)), int));"),
             "");
-  expectRefusal(saysOfStatement("const auto none = makeBlock<int()>([] {}); (void)none.pointer();"), "void");
+  expectRefusal(saysOfStatement("const auto* none = makeBlock<int()>([] {}); (void)none;"), "void");
 }
 
 TEST_F(Compiler, RefusesARowWhoseSelectorDoesNotMatchItsFunction) {
