@@ -8,16 +8,29 @@ namespace {
 // Whether a window has been opened for something that is not presented yet.
 constinit bool presenting = false;
 
-void open() {
+unsigned open() {
   // The slot alone keeps the window when this is done: whoever clears it takes the window off the screen.
   const AutoreleasePool pool;
   dropAlertWindow();
   UIWindow* window = UIWindow::withFrame(UIScreen::mainScreen()->bounds());
-  alertWindow.set(window);
+  setAlertWindow(window);
+  const unsigned number = alertWindowNumber;
   window->setWindowLevel(UIWindowLevelAlert - 1.0);
   window->makeKeyAndVisible();
   window->setRootViewController(UIViewController::make());
-  alertRootController.set(window->rootViewController());
+  // Unless another window has come meanwhile, with a root controller of its own.
+  if (alertWindow.holds(window)) alertRootController.set(window->rootViewController());
+  return number;
+}
+
+// Should the platform raise before an alert is presented, its window would lie empty over the home screen and take
+// every touch. It goes without another word to the platform, which might raise again.
+void letGoOfEmptyWindow() {
+  if (presenting) {
+    alertWindow.clear();
+    alertRootController.clear();
+  }
+  presenting = false;
 }
 
 // Lets a tablet show the sheet as a popover without an arrow over the whole window.
@@ -37,6 +50,11 @@ bool knowsPopovers() {
 
 }  // namespace
 
+void setAlertWindow(UIWindow* window) {
+  ++alertWindowNumber;
+  alertWindow.set(window);
+}
+
 void dropAlertWindow() {
   const AutoreleasePool pool;
   alertWindow->setHidden(true);
@@ -48,17 +66,14 @@ void closeAlertWindow() {
   alertRootController.clear();
 }
 
-void presentAlert(UIAlertController* alert, Popover popover, const Block<void()>* completion) {
+unsigned presentAlert(UIAlertController* alert, Popover popover, const Block<void()>* completion) {
   presenting = true;
-  // Should the platform raise here, an empty window would lie over the home screen and take every touch.
-  dispatch::onNextTurn([] {
-    if (presenting) closeAlertWindow();
-    presenting = false;
-  });
-  open();
+  dispatch::onNextTurn([] { letGoOfEmptyWindow(); });
+  const unsigned number = open();
   if (popover == Popover::anchored || (popover == Popover::anchoredWhereKnown && knowsPopovers())) anchorPopover(alert);
   alertRootController->present(alert, completion);
   presenting = false;
+  return number;
 }
 
 UIAlertAction* cancelAction() {

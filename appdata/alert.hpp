@@ -3,11 +3,15 @@
 
 #include "platform/UIKit.hpp"
 
-/// Nil while nothing is shown. Whoever shows something replaces it.
+/// Nil while nothing is shown. Whoever shows something replaces it, by `setAlertWindow`.
 inline constinit Slot<UIWindow> alertWindow;
+/// Tells one alert window from the next: another number for each.
+inline constinit unsigned alertWindowNumber = 0;
 /// The window's root controller, from which sheets and alerts are presented.
 inline constinit Slot<UIViewController> alertRootController;
 
+/// Puts a window into the slot. The one before leaves the screen if nobody else keeps it; it is not hidden.
+void setAlertWindow(UIWindow* window);
 /// Takes the window, if there is one, off the screen and lets go of it. Its root controller stays.
 void dropAlertWindow();
 /// Takes the window, if there is one, off the screen and lets go of it and of its root controller at once.
@@ -20,8 +24,9 @@ enum class Popover {
   anchoredWhereKnown,  ///< on systems that know popovers
 };
 /// Presents a sheet or alert in a window of its own, full-screen and just below the system's own alerts. `completion`,
-/// which may be nil, runs when the presentation has ended.
-void presentAlert(UIAlertController* alert, Popover popover = Popover::none, const Block<void()>* completion = nullptr);
+/// which may be nil, runs when the presentation has ended. Gives the window's number.
+unsigned presentAlert(UIAlertController* alert, Popover popover = Popover::none,
+                      const Block<void()>* completion = nullptr);
 
 /// The "Cancel" button: closes the window, nothing else.
 UIAlertAction* cancelAction();
