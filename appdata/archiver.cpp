@@ -2,9 +2,9 @@
 
 bool runArchiver(NSString* folder, NSArray* arguments) {
   // A task that cannot be launched raises, and would take the home screen with it.
-  NSFileManager* files = NSFileManager::defaultManager();
-  if (!files->isExecutableFile("/usr/bin/tar"_ns) || files->contentsOfDirectory("/usr/bin/tar"_ns) != nullptr ||
-      files->contentsOfDirectory(folder) == nullptr)
+  const NSFileManager* files = NSFileManager::defaultManager();
+  if (!files->isExecutableFile("/usr/bin/tar"_ns) || files->isDirectory("/usr/bin/tar"_ns) ||
+      !files->isExecutableFile(folder) || !files->isDirectory(folder))
     return false;
   NSTask* task = NSTask::make();
   task->setCurrentDirectoryPath(folder);

@@ -10,8 +10,9 @@ namespace {
 
 // "YYYY" is the year that the week belongs to; names made so far carry it, and are read back by it.
 NSString* archiveName() {
+  const NSDate* now = NSDate::date();
   const auto* formatter = NSDateFormatter::with("en_US_POSIX"_ns, "YYYY-MM-dd.HH_mm_ss"_ns);
-  return formatter->string(NSDate::date())->replacing(" "_ns, ""_ns);
+  return formatter->string(now)->replacing(" "_ns, ""_ns);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ NSString* bundleTextOf(const SBApplicationInfo* info) {
 
 DataContainer lookUpDataContainer() {
   NSString* identifier = currentBundleIdentifier.get();
-  const SBApplication* application = SBApplicationController::sharedInstance()->application(identifier);
+  const SBApplication* application = kept(SBApplicationController::sharedInstance()->application(identifier));
   NSString* title = nameOf(application);
   return {identifier, title, dataFolderOf(application->info())};
 }

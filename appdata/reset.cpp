@@ -14,8 +14,8 @@ void resetAppData(MenuHost* host, SEL) {
   NSFileManager* files = NSFileManager::defaultManager();
   NSString* message = "Are you sure you want to reset "_ns->appending(container.title)->appending("'s data?"_ns);
   confirm("Warning"_ns, message,
-          [host, files = Ref(files), library = Ref(library), documents = Ref(documents), caches = Ref(caches),
-           preferences = Ref(preferences)] {
+          makeBlock<void(UIAlertAction*)>([host, files = Ref(files), library = Ref(library), documents = Ref(documents),
+                                           caches = Ref(caches), preferences = Ref(preferences)] {
             emptyFolder(files, library);
             emptyFolder(files, documents);
             // An application expects these two to be there. Without a container, though, "(null)" would become a
@@ -26,7 +26,7 @@ void resetAppData(MenuHost* host, SEL) {
             }
             closeAlertWindow();
             send(host, "resetAppDataSucces"_sel);
-          });
+          }));
 }
 
 void resetAppDataSucces(MenuHost*, SEL) { presentMessage(lookUpDataContainer().title, "Reset data successfully"_ns); }

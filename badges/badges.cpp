@@ -27,7 +27,8 @@ void setBadges(MenuHost*, SEL) {
   // breaks the circle: an alert that has disappeared lets go of its buttons' handlers.
   alert->addAction(UIAlertAction::action("Apply"_ns, UIAlertActionStyle::standard, [alert = Ref(alert)] {
     // An empty text is a badge value like any other: what it means is the system's affair.
-    FBSSystemService::sharedService()->setBadgeValue(alert->firstTextField()->text(), currentBundleIdentifier.get());
+    NSString* value = kept(alert->firstTextField()->text());
+    FBSSystemService::sharedService()->setBadgeValue(value, currentBundleIdentifier.get());
     closeAlertWindow();
   }));
   alert->addAction(cancelAction());

@@ -9,7 +9,8 @@ namespace {
 
 void copy(NSString* text) { UIPasteboard::generalPasteboard()->setValue(text, "public.utf8-plain-text"_ns); }
 
-// "NAME: SCHEME:// SCHEME:// " and a line feed; nothing for a URL type without schemes.
+// "NAME: SCHEME:// SCHEME:// " and a line feed; nothing for a URL type without schemes. What is of another kind than an
+// application declares it in counts as absent.
 NSString* lineOf(NSDictionary* urlType) {
   auto* schemes = as<NSArray>(urlType->objectForKey("CFBundleURLSchemes"_ns));
   if (schemes == nullptr) return ""_ns;

@@ -20,11 +20,16 @@ if(SANITIZE)
 endif()
 
 if(NOT DEVICE)
-  add_library(Sprigdial MODULE ${addon_sources})
-  set_target_properties(Sprigdial PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
-  target_link_libraries(Sprigdial PRIVATE addon_options)
-  target_link_options(Sprigdial PRIVATE -nostdlib -fuse-ld=lld-16 -Wl,-z,undefs -Wl,-z,now
-    -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/no-exports.map)
+  # The second one is for tests alone: nothing may hang on what the optimiser does.
+  foreach(library Sprigdial Sprigdial-unoptimised)
+    add_library(${library} MODULE ${addon_sources})
+    set_target_properties(${library} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+    target_link_libraries(${library} PRIVATE addon_options)
+    target_link_options(${library} PRIVATE -nostdlib -fuse-ld=lld-16 -Wl,-z,undefs -Wl,-z,now
+      -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/no-exports.map)
+  endforeach()
+  target_compile_options(Sprigdial-unoptimised PRIVATE -O0)
+  set_target_properties(Sprigdial-unoptimised PROPERTIES EXCLUDE_FROM_ALL ON)
   return()
 endif()
 
@@ -62,7 +67,7 @@ add_library(addon_objects OBJECT ${addon_sources})
 target_link_libraries(addon_objects PRIVATE addon_options)
 set(library ${CMAKE_BINARY_DIR}/Sprigdial.dylib)
 add_custom_command(OUTPUT ${library}
-  COMMAND ld64.lld-16 -dylib -arch arm64 -platform_version ios 10.0 14.0 -adhoc_codesign -no_encryption -dead_strip -x -S
+  COMMAND ld64.lld-16 -dylib -arch arm64 -platform_version ios 10.0 14.0 -adhoc_codesign -no_encryption -dead_strip --icf=safe -x -S
     -install_name @rpath/Sprigdial.dylib -U _MSHookMessageEx -unexported_symbol "*"
     -o ${library} $<TARGET_OBJECTS:addon_objects> ${stubs}
   DEPENDS addon_objects $<TARGET_OBJECTS:addon_objects> ${stubs}

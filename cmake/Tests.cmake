@@ -26,7 +26,7 @@ target_compile_definitions(sprigdial-tests PRIVATE
   SOURCE_DIR="${PROJECT_SOURCE_DIR}" BUILD_DIR="${CMAKE_BINARY_DIR}" DRIVER="$<TARGET_FILE:home-screen>"
   MINIMAL_HOST="$<TARGET_FILE:minimal-host>"
   PC_LIBRARY="$<TARGET_FILE:Sprigdial>" DEVICE_LIBRARY="${PROJECT_SOURCE_DIR}/build/device/Sprigdial.dylib")
-add_dependencies(sprigdial-tests SpringBoard home-screen minimal-host settings-probe)
+add_dependencies(sprigdial-tests SpringBoard home-screen minimal-host settings-probe Sprigdial-unoptimised)
 
 include(GoogleTest)
 # What the runtime and Foundation keep for the life of a process is no leak.

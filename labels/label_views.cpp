@@ -28,7 +28,7 @@ void layoutSubviews(SBIconView* view, SEL selector) {
 }
 
 void recievedIconLablelUpdate(SBIconView* view, SEL) {
-  // The opposite of the setting in force: the settings pane asks before it stores the new value.
+  // Deliberately the opposite of the setting in force: the settings pane counts on this.
   if (settings.enabled) labelOf(view)->setHidden(!settings.hideLabel);
 }
 
@@ -42,7 +42,8 @@ void registerNotification(SBIconView* view, SEL) {
 }
 
 SBIconView* initWithContentType(SBIconView* view, SEL selector, NSUInteger contentType) {
-  // The receiver listens; an initialiser that gives another object in its place has let go of it by then.
+  // The receiver listens. An initialiser that gives another object in its place has let go of it by then; the center
+  // forgets observers that go.
   kept(view);
   SBIconView* made = platformInitWithContentType(view, selector, contentType);
   if (made != nullptr) listenForLabelUpdates(view);

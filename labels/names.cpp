@@ -45,7 +45,7 @@ NSString* iconNameForLocation(SBIcon* icon, SEL selector, NSInteger location) {
 NSString* applicationName(SBApplication* application, SEL selector) {
   // Not bypassed while the dialog reads the icon's own name: the application keeps its new one throughout.
   const NSDictionary* stored = storedNames();
-  NSString* name = storedName(stored, application->bundleIdentifier());
+  auto* name = autoreleased(send<NSString*>(storedName(stored, application->bundleIdentifier()), "copy"_sel));
   return settings.enabled && name != nullptr ? name : platformApplicationName(application, selector);
 }
 

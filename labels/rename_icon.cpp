@@ -28,11 +28,11 @@ class RenameIcon : public NSObject {
 // The latest renamer, kept alive while its dialog is up.
 constinit Slot<RenameIcon> currentRenamer;
 
-/// The dialog that was shown last: whose it is, and what it was presented from.
+/// The dialog that was shown last: whose it is, and the number of its window.
 struct Dialog {
   Slot<RenameIcon> renamer;
   Slot<UIAlertController> controller;
-  Slot<UIViewController> presenter;
+  unsigned window = 0;
 };
 constinit Dialog dialog;
 
@@ -44,7 +44,7 @@ void releaseVariables(RenameIcon* self, SEL) {
 
 // A renamer whose dialog has made way for something else leaves the window to that.
 void closeDialog(const RenameIcon* self) {
-  if (dialog.renamer.holds(self) && alertRootController.holds(dialog.presenter.get())) closeAlertWindow();
+  if (dialog.renamer.holds(self) && dialog.window == alertWindowNumber) closeAlertWindow();
 }
 
 void finish(RenameIcon* self) {
@@ -53,9 +53,9 @@ void finish(RenameIcon* self) {
   if (!dialog.renamer.holds(self)) return;
   dialog.renamer.clear();
   dialog.controller.clear();
-  dialog.presenter.clear();
 }
 
+// The runtime calls `.cxx_destruct` of itself only for classes that were compiled.
 void dealloc(RenameIcon* self, SEL) {
   releaseVariables(self, nullptr);
   sendSuper(self, "NSObject"_cls, "dealloc"_sel);
@@ -84,40 +84,40 @@ NSString* systemName(SBIcon* icon) {
   constexpr NSInteger homeScreen = 0;
   // Should the platform raise here, the stored names come back all the same.
   dispatch::onNextTurn([] { bypassNames = 0; });
-  ++bypassNames;
+  const int before = bypassNames++;
   NSString* name = icon->respondsToSelector("displayNameForLocation:"_sel)
                        ? send<NSString*>(icon, "displayNameForLocation:"_sel, homeScreen)
                        : send<NSString*>(icon, "displayName"_sel);
-  --bypassNames;
+  bypassNames = before;
   return name;
 }
 
 void show(RenameIcon* self, SEL) {
   NSString* name = kept(systemName(self->icon().get()));
   auto* controller = UIAlertController::alertController("Rename App"_ns, name, UIAlertControllerStyle::alert);
-  dialog.renamer.set(self);
-  dialog.controller.set(controller);
   controller->addTextField([self, name](UITextField* field) {
     field->setDelegate(self);
     field->setText(name);
     field->setClearButtonMode(UITextFieldViewMode::always);
     field->setReturnKeyType(UIReturnKeyType::done);
   });
-  // A button has its turn when the dialog may have left the screen and another may have come: it keeps its own. The
-  // platform breaks the circle, as with every alert that disappears.
-  controller->addAction(UIAlertAction::action(
-      "Apply"_ns, UIAlertActionStyle::standard, [renamer = Ref(self), controller = Ref(controller)] {
-        auto* text = autoreleased(send<NSString*>(controller->firstTextField()->text(), "copy"_sel));
-        renamer->renameTitle().set(text);
+  // A button has its turn when its dialog has left the screen, and another may have come: it keeps the field of its
+  // own. It does not keep the dialog: the two would keep one another for ever.
+  UITextField* field = controller->firstTextField();
+  controller->addAction(
+      UIAlertAction::action("Apply"_ns, UIAlertActionStyle::standard, [renamer = Ref(self), field = Ref(field)] {
+        renamer->renameTitle().set(autoreleased(send<NSString*>(field->text(), "copy"_sel)));
         send(renamer.get(), "save"_sel);
       }));
   controller->addAction(UIAlertAction::action("Cancel"_ns, UIAlertActionStyle::cancel, [renamer = Ref(self)] {
     closeDialog(renamer);
     finish(renamer);
   }));
-  openAlertWindow();
-  dialog.presenter.set(alertRootController.get());
-  dialog.presenter->present(controller);
+  const unsigned window = presentAlert(controller);
+  // All at once: a dialog that could not be shown leaves the one before its own.
+  dialog.renamer.set(self);
+  dialog.controller.set(controller);
+  dialog.window = window;
 }
 
 void save(RenameIcon* self, SEL) {

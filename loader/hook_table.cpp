@@ -29,8 +29,8 @@ namespace {
 
 enum class Group { both, oldOnly, newOnly };
 
-/// The generation's menu host, where a row names a class.
-constexpr const char* menuHost = nullptr;
+/// In a row, in place of a class: the generation's menu host.
+constexpr const char* theMenuHost = nullptr;
 
 /// One hooked or added method. `install` carries the function, and for a hook the slot of the
 /// implementation that it replaces.
@@ -95,27 +95,27 @@ constexpr Row table[] = {
     hook<menu::launchWithSettings, &menu::platformLaunchWithSettings>(
         oldOnly, "SBIcon", "launchFromLocation:context:activationSettings:actions:"),
     hook<menu::launch, &menu::platformLaunch>(newOnly, "SBIcon", "launchFromLocation:context:"),
-    hook<menu::addTouchedIconView, &menu::platformAddTouchedIconView>(both, menuHost, "_addTouchedIconView:"),
-    hook<menu::touchMoved, &menu::platformTouchMoved>(both, menuHost, "icon:touchMoved:"),
+    hook<menu::addTouchedIconView, &menu::platformAddTouchedIconView>(both, theMenuHost, "_addTouchedIconView:"),
+    hook<menu::touchMoved, &menu::platformTouchMoved>(both, theMenuHost, "icon:touchMoved:"),
 
-    add<menu::showAlertView>(both, menuHost, "showAlertView"),
-    add<badges::clearBadges>(both, menuHost, "clearBadges"),
-    add<badges::setBadges>(both, menuHost, "setBadges"),
-    add<appdata::clearCaches>(both, menuHost, "clearCaches"),
-    add<appdata::clearCachesSucces>(both, menuHost, "clearCachesSucces"),
-    add<appdata::deleteBackUp>(both, menuHost, "deleteBackUp"),
-    add<appdata::deleteBackUpSucces>(both, menuHost, "deleteBackUpSucces"),
-    add<appdata::backUpData>(both, menuHost, "backUpData"),
-    add<appdata::backUpDataSucces>(both, menuHost, "backUpDataSucces"),
-    add<appdata::restoreData>(both, menuHost, "restoreData"),
-    add<appdata::restoreDataSucces>(both, menuHost, "restoreDataSucces"),
-    add<appdata::resetAppData>(both, menuHost, "resetAppData"),
-    add<appdata::resetAppDataSucces>(both, menuHost, "resetAppDataSucces"),
-    add<appdata::openInFilzaApp>(both, menuHost, "openInFilzaApp"),
-    add<appdata::openInFilzaData>(both, menuHost, "openInFilzaData"),
-    add<mute::muteNotifications>(both, menuHost, "muteNotifications"),
-    add<menu::openApps>(both, menuHost, "openApps"),
-    add<menu::showLoadingView>(both, menuHost, "showLoadingView"),
+    add<menu::showAlertView>(both, theMenuHost, "showAlertView"),
+    add<badges::clearBadges>(both, theMenuHost, "clearBadges"),
+    add<badges::setBadges>(both, theMenuHost, "setBadges"),
+    add<appdata::clearCaches>(both, theMenuHost, "clearCaches"),
+    add<appdata::clearCachesSucces>(both, theMenuHost, "clearCachesSucces"),
+    add<appdata::deleteBackUp>(both, theMenuHost, "deleteBackUp"),
+    add<appdata::deleteBackUpSucces>(both, theMenuHost, "deleteBackUpSucces"),
+    add<appdata::backUpData>(both, theMenuHost, "backUpData"),
+    add<appdata::backUpDataSucces>(both, theMenuHost, "backUpDataSucces"),
+    add<appdata::restoreData>(both, theMenuHost, "restoreData"),
+    add<appdata::restoreDataSucces>(both, theMenuHost, "restoreDataSucces"),
+    add<appdata::resetAppData>(both, theMenuHost, "resetAppData"),
+    add<appdata::resetAppDataSucces>(both, theMenuHost, "resetAppDataSucces"),
+    add<appdata::openInFilzaApp>(both, theMenuHost, "openInFilzaApp"),
+    add<appdata::openInFilzaData>(both, theMenuHost, "openInFilzaData"),
+    add<mute::muteNotifications>(both, theMenuHost, "muteNotifications"),
+    add<menu::openApps>(both, theMenuHost, "openApps"),
+    add<menu::showLoadingView>(both, theMenuHost, "showLoadingView"),
 
     hook<menu::shouldActivateForceTouchItem, &menu::platformShouldActivateForceTouchItem>(
         oldOnly, "SBIconController",
@@ -173,7 +173,7 @@ void installHookTable() {
   const Group other = Generation::isNew() ? oldOnly : newOnly;
   for (const Row& row : table) {
     if (row.group == other) continue;
-    const char* className = row.className == menuHost ? Generation::current().menuHost : row.className;
+    const char* className = row.className == theMenuHost ? Generation::current().menuHost : row.className;
     row.install(objc_getClass(className), sel_registerName(row.selector));
   }
 }

@@ -15,7 +15,8 @@ namespace {
 
 // The sheet now shown; it keeps a second one away until 0.8 seconds after its presentation.
 constinit Slot<UIAlertController> openSheet;
-constinit bool isPresented = false;
+// Whether the presentation of that sheet has been asked for, and not broken off by an exception.
+constinit bool sheetIsUp = false;
 // The badge that the target icon shows; nil when it shows none.
 constinit Slot<NSObject> currentBadge;
 
@@ -73,7 +74,7 @@ struct Entry {
   UIAlertActionStyle style = UIAlertActionStyle::standard;
 };
 
-// The destructive entries look like the others: each asks before it does anything.
+// The destructive entries look like the others: a menu of warnings would be read by nobody.
 constexpr Entry entries[] = {
     {"Open in Filza [App]", &Settings::openFilza, bundleOpens, sendToHost<"openInFilzaApp">},
     {"Open in Filza [Data]", &Settings::openFilza, dataOpens, sendToHost<"openInFilzaData">},
@@ -122,20 +123,18 @@ NSString* versionOf(NSString* bundleText) {
 // of it.
 void hold(UIAlertController* sheet) {
   openSheet.set(sheet);
-  isPresented = false;
+  sheetIsUp = false;
   dispatch::onNextTurn([] {
-    if (!isPresented) openSheet.clear();
+    if (!sheetIsUp) openSheet.clear();
   });
 }
 
 void presentSheet(UIAlertController* sheet) {
-  openAlertWindow();
-  anchorPopoverWhereKnown(sheet);
-  alertRootController->present(sheet, [] {
-    constexpr std::int64_t guardTime = 800'000'000;
-    dispatch::afterOnMain(guardTime, [] { openSheet.clear(); });
-  });
-  isPresented = true;
+  presentAlert(sheet, Popover::anchoredWhereKnown, makeBlock<void()>([] {
+                 constexpr std::int64_t guardTime = 800'000'000;
+                 dispatch::afterOnMain(guardTime, [] { openSheet.clear(); });
+               }));
+  sheetIsUp = true;
 }
 
 }  // namespace
@@ -147,8 +146,8 @@ void showAlertView(MenuHost* host, SEL) {
   const Choice choice{host, kept(Generation::current().icon(host, bundleIdentifier))};
   currentBadge.set(choice.icon->badgeNumberOrString());
 
-  const SBApplication* application = SBApplicationController::sharedInstance()->application(bundleIdentifier);
-  const SBApplicationInfo* info = application->info();
+  const SBApplication* application = kept(SBApplicationController::sharedInstance()->application(bundleIdentifier));
+  const SBApplicationInfo* info = kept(application->info());
   NSString* bundle = bundleTextOf(info);
   if (bundle == nullptr) return;
   NSString* version = versionOf(bundle);

@@ -5,9 +5,8 @@
 namespace menu {
 namespace {
 
-// One hooking environment asks every icon whether it is downloading; there the answer says nothing. It is
-// told by what it leaves in the file system, which may change at any time.
-bool isEnvironmentThatAsksAlways() {
+// One hooking environment is exempt. It is told by what it leaves in the file system, which may change at any time.
+bool isExemptEnvironment() {
   NSFileManager* files = NSFileManager::defaultManager();
   return files->fileExists("/usr/lib/libsubstitute.dylib"_ns) && !files->fileExists("/usr/lib/substrate"_ns) &&
          files->fileExists("/.installed_unc0ver"_ns);
@@ -15,8 +14,8 @@ bool isEnvironmentThatAsksAlways() {
 
 }  // namespace
 
-BOOL isDownloadingIcon(SBDownloadingIcon* icon, SEL selector) {
-  if (!isEnvironmentThatAsksAlways()) downloading = true;
+NSUInteger isDownloadingIcon(SBDownloadingIcon* icon, SEL selector) {
+  if (!isExemptEnvironment()) downloading = true;
   return platformIsDownloadingIcon(icon, selector);
 }
 

@@ -10,7 +10,8 @@ namespace menu {
 /// user removes a downloading icon.
 inline constinit bool downloading = false;
 
-BOOL isDownloadingIcon(SBDownloadingIcon* icon, SEL selector);
+/// The answer is only handed on, so it is taken as the whole register that it comes in.
+NSUInteger isDownloadingIcon(SBDownloadingIcon* icon, SEL selector);
 inline constinit decltype(&isDownloadingIcon) platformIsDownloadingIcon = nullptr;
 
 void uninstalledByUser(SBDownloadingIcon* icon, SEL selector);

@@ -8,7 +8,7 @@ void showLoadingView(MenuHost*, SEL) {
   // The slot alone keeps the window when this is done: whoever replaces it takes it off the screen.
   const AutoreleasePool pool;
   UIWindow* window = UIWindow::withFrame(UIScreen::mainScreen()->bounds());
-  alertWindow.set(window);
+  setAlertWindow(window);
   window->setWindowLevel(UIWindowLevelNormal);
   window->setBackgroundColor(UIColor::black()->withAlpha(0.2));
   window->makeKeyAndVisible();

@@ -46,12 +46,13 @@ SBUIAction* initAction(SBUIAction* action, SEL selector, NSObject* title, NSObje
   return platformInitAction(action, selector, title, subtitle, image, badgeView, handler);
 }
 
-BOOL shouldActivateForceTouchItem(SBIconController* host, SEL selector, SBUIAppIconForceTouchController* controller,
-                                  SBSApplicationShortcutItem* item, NSInteger index, NSObject* gestureRecognizer) {
+NSUInteger shouldActivateForceTouchItem(SBIconController* host, SEL selector,
+                                        SBUIAppIconForceTouchController* controller, SBSApplicationShortcutItem* item,
+                                        NSInteger index, NSObject* gestureRecognizer) {
   if (isOffered()) {
     if (isOurType(send<NSObject*>(item, "performSelector:"_sel, "type"_sel))) {
       openMenu(SBIconController::sharedInstance());
-      return false;
+      return 0;
     }
   }
   return platformShouldActivateForceTouchItem(host, selector, controller, item, index, gestureRecognizer);
@@ -75,11 +76,11 @@ NSArray* shortcutItemsForIconView(MenuHost* host, SEL selector, SBIconView* view
   return items;
 }
 
-BOOL shouldActivateItem(MenuHost* host, SEL selector, SBIconView* view, SBSApplicationShortcutItem* item,
-                        NSInteger index) {
+NSUInteger shouldActivateItem(MenuHost* host, SEL selector, SBIconView* view, SBSApplicationShortcutItem* item,
+                              NSInteger index) {
   if (isOffered() && isOurType(item->type()) && isOurTitle(item->localizedTitle())) {
     openMenu(host);
-    return false;
+    return 0;
   }
   return platformShouldActivateItem(host, selector, view, item, index);
 }

@@ -8,6 +8,8 @@ namespace menu {
 /// Whether the old generation's quick-action list is up, as of the last time its state was asked.
 inline constinit bool forceTouchActive = false;
 
+// Whether an entry may be activated is handed on as the platform answers it: the whole register.
+
 // Old generation.
 NSArray* applicationShortcutItems(SBUIAppIconForceTouchControllerDataProvider* provider, SEL selector);
 inline constinit decltype(&applicationShortcutItems) platformApplicationShortcutItems = nullptr;
@@ -16,8 +18,9 @@ SBUIAction* initAction(SBUIAction* action, SEL selector, NSObject* title, NSObje
                        UIView* badgeView, const void* handler);
 inline constinit decltype(&initAction) platformInitAction = nullptr;
 
-BOOL shouldActivateForceTouchItem(SBIconController* host, SEL selector, SBUIAppIconForceTouchController* controller,
-                                  SBSApplicationShortcutItem* item, NSInteger index, NSObject* gestureRecognizer);
+NSUInteger shouldActivateForceTouchItem(SBIconController* host, SEL selector,
+                                        SBUIAppIconForceTouchController* controller, SBSApplicationShortcutItem* item,
+                                        NSInteger index, NSObject* gestureRecognizer);
 inline constinit decltype(&shouldActivateForceTouchItem) platformShouldActivateForceTouchItem = nullptr;
 
 NSInteger forceTouchState(SBUIAppIconForceTouchController* controller, SEL selector);
@@ -27,8 +30,8 @@ inline constinit decltype(&forceTouchState) platformForceTouchState = nullptr;
 NSArray* shortcutItemsForIconView(MenuHost* host, SEL selector, SBIconView* view, NSArray* proposed);
 inline constinit decltype(&shortcutItemsForIconView) platformShortcutItemsForIconView = nullptr;
 
-BOOL shouldActivateItem(MenuHost* host, SEL selector, SBIconView* view, SBSApplicationShortcutItem* item,
-                        NSInteger index);
+NSUInteger shouldActivateItem(MenuHost* host, SEL selector, SBIconView* view, SBSApplicationShortcutItem* item,
+                              NSInteger index);
 inline constinit decltype(&shouldActivateItem) platformShouldActivateItem = nullptr;
 
 }  // namespace menu

@@ -18,7 +18,7 @@ double now() { return NSDate::date()->timeIntervalSince1970(); }
 // Times are compared as the 32-bit whole seconds that the list has always been read in.
 std::int32_t wholeSeconds(double time) { return static_cast<std::int32_t>(static_cast<std::int64_t>(time)); }
 
-NSArray* entries() { return as<NSArray>(registry->objectForKey(entriesKey())); }
+NSArray* entriesOf(const NSDictionary* all) { return as<NSArray>(all->objectForKey(entriesKey())); }
 
 // A record as a mutable dictionary; nil for something else, which is left where it is.
 NSMutableDictionary* recordAt(const NSArray* list, NSUInteger index) {
@@ -35,11 +35,20 @@ std::int32_t endOf(const NSDictionary* record) {
   return as<NSNumber>(time) != nullptr || as<NSString>(time) != nullptr ? send<int>(time, "intValue"_sel) : 0;
 }
 
+// Records change in place: whatever kinds the reader gives, they are mutable from here on.
+NSMutableArray* mutableRecords(const NSArray* stored) {
+  auto* list = NSMutableArray::array();
+  const NSUInteger count = stored->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    auto* record = as<NSDictionary>(stored->at(i));
+    list->add(record != nullptr ? NSMutableDictionary::copyOf(record) : stored->at(i));
+  }
+  return list;
+}
+
 NSNumber* endAfter(double seconds) {
   return seconds < 0 ? NSNumber::withInt(withoutEnd) : NSNumber::withDouble(now() + seconds);
 }
-
-void save() { registry->writeToFileAtomically(file()); }
 
 }  // namespace
 
@@ -54,22 +63,15 @@ void createRegistryFile() {
 
 void loadRegistry() {
   const AutoreleasePool pool;
-  registry.set(NSMutableDictionary::copyOf(NSMutableDictionary::withContentsOfFile(file())));
-  NSArray* stored = entries();
-  if (stored == nullptr) return;
-  // Records change in place: whatever kinds the reader gives, they are mutable from here on.
-  auto* list = NSMutableArray::array();
-  const NSUInteger count = stored->count();
-  for (NSUInteger i = 0; i < count; ++i) {
-    auto* record = as<NSDictionary>(stored->at(i));
-    list->add(record != nullptr ? NSMutableDictionary::copyOf(record) : stored->at(i));
-  }
-  registry->set(list, entriesKey());
+  auto* all = NSMutableDictionary::copyOf(NSMutableDictionary::withContentsOfFile(file()));
+  if (NSArray* stored = entriesOf(all)) all->set(mutableRecords(stored), entriesKey());
+  registry.set(all);
 }
 
 void registerMute(NSString* bundleIdentifier, double seconds) {
-  if (!registry) return;
-  auto* list = NSMutableArray::copyOf(entries());
+  NSMutableDictionary* all = registry.get();
+  if (all == nullptr) return;
+  auto* list = NSMutableArray::copyOf(entriesOf(all));
   NSDictionary* removed = nullptr;
   bool found = false;
   const NSUInteger count = list->count();
@@ -90,12 +92,12 @@ void registerMute(NSString* bundleIdentifier, double seconds) {
     record->set(endAfter(seconds), timeKey());
     list->add(record);
   }
-  registry->set(list, entriesKey());
-  save();
+  all->set(list, entriesKey());
+  all->writeToFileAtomically(file());
 }
 
 bool isMutedNow(NSString* bundleIdentifier) {
-  NSArray* list = entries();
+  const NSArray* list = entriesOf(registry.get());
   const NSUInteger count = list->count();
   for (NSUInteger i = 0; i < count; ++i) {
     NSMutableDictionary* record = recordAt(list, i);
@@ -107,11 +109,12 @@ bool isMutedNow(NSString* bundleIdentifier) {
 }
 
 bool isMuted(NCNotificationRequest* request) {
-  if (!registry) return false;
   const AutoreleasePool pool;
+  const NSMutableDictionary* all = registry.get();
+  if (all == nullptr) return false;
   NSString* bundleIdentifier = request->sectionIdentifier();
   const std::int32_t time = wholeSeconds(now());
-  auto* list = as<NSMutableArray>(registry->objectForKey(entriesKey()));
+  auto* list = as<NSMutableArray>(all->objectForKey(entriesKey()));
   auto* expired = NSMutableArray::array();
   bool muted = false;
   const NSUInteger count = list->count();
@@ -125,9 +128,9 @@ bool isMuted(NCNotificationRequest* request) {
       expired->add(record);
     }
   }
-  // Also without any: the file is written at each of these notifications, and only then.
+  // Written at each of these notifications, whether or not a record left.
   list->removeAll(expired);
-  save();
+  all->writeToFileAtomically(file());
   return muted;
 }
 

@@ -38,9 +38,7 @@ void launchMuteMenu(NSObject*, SEL, NSNotification* notification) {
   for (const Duration& duration : timed) addButton(sheet, duration, bundleIdentifier, muted);
   addButton(sheet, muted ? unmute : forever, bundleIdentifier, false);
   sheet->addAction(cancelAction());
-  openAlertWindow();
-  anchorPopoverWhereKnown(sheet);
-  alertRootController->present(sheet);
+  presentAlert(sheet, Popover::anchoredWhereKnown);
 }
 
 void applicationDidFinishLaunching(NSObject* springBoard, SEL selector, NSObject* application) {

@@ -1,5 +1,6 @@
 // Foundation, as far as the add-on uses it. Every class is used through pointers only; a message to nil
-// gives nil, zero or NO. Results stay at least until the surrounding autorelease pool drains.
+// gives nil, zero or NO. What is made new stays until the surrounding autorelease pool drains, if nobody keeps it
+// longer.
 #pragma once
 
 #include "platform/objc.hpp"
@@ -29,10 +30,6 @@ T* as(NSObject* object) {
 class NSString : public NSObject {
  public:
   static Class cls() { return "NSString"_cls; }
-  /// A text that belongs to the caller.
-  static NSString* make(const char* utf8) {
-    return send<NSString*>(send<id>(cls(), "alloc"_sel), "initWithUTF8String:"_sel, utf8);
-  }
   static NSString* text(const char* utf8) { return send<NSString*>(cls(), "stringWithUTF8String:"_sel, utf8); }
   NSUInteger length() const { return send<NSUInteger>(this, "length"_sel); }
   bool isEqualToString(const NSString* other) const { return send<BOOL>(this, "isEqualToString:"_sel, other); }
@@ -56,13 +53,16 @@ class NSString : public NSObject {
 template <LiteralText Text>
 NSString* operator""_ns() {
   static constinit NSString* text = nullptr;
-  if (text == nullptr) text = NSString::make(Text.characters);
+  if (text == nullptr)
+    text = send<NSString*>(send<id>(NSString::cls(), "alloc"_sel), "initWithUTF8String:"_sel,
+                           static_cast<const char*>(Text.characters));
   return text;
 }
 
-/// What the format "%@" writes for an object: its description, and "(null)" for nil.
+/// What the format "%@" writes for an object: its description, and "(null)" for nil. A text of its own: it stays when
+/// the object goes.
 inline NSString* formatted(NSObject* object) {
-  NSString* text = object->description();
+  NSString* text = kept(object->description());
   return text != nullptr ? text : "(null)"_ns;
 }
 
@@ -71,7 +71,6 @@ class NSNumber : public NSObject {
   static Class cls() { return "NSNumber"_cls; }
   static NSNumber* withBool(bool value) { return send<NSNumber*>(cls(), "numberWithBool:"_sel, BOOL{value}); }
   static NSNumber* withInt(int value) { return send<NSNumber*>(cls(), "numberWithInt:"_sel, value); }
-  static NSNumber* withInteger(NSInteger value) { return send<NSNumber*>(cls(), "numberWithLongLong:"_sel, value); }
   static NSNumber* withUnsigned(std::uint64_t value) {
     return send<NSNumber*>(cls(), "numberWithUnsignedLongLong:"_sel, value);
   }
@@ -108,7 +107,10 @@ class NSMutableArray : public NSArray {
   static NSMutableArray* copyOf(const NSArray* other) {
     return send<NSMutableArray*>("NSMutableArray"_cls, "arrayWithArray:"_sel, other != nullptr ? other : array());
   }
-  void add(const NSObject* object) { send(this, "addObject:"_sel, object); }
+  /// Nil is left out.
+  void add(const NSObject* object) {
+    if (object != nullptr) send(this, "addObject:"_sel, object);
+  }
   /// Removes every object that is equal to this one.
   void removeEqual(const NSObject* object) { send(this, "removeObject:"_sel, object); }
   void removeAll(const NSArray* objects) { send(this, "removeObjectsInArray:"_sel, objects); }
@@ -193,6 +195,11 @@ class NSFileManager : public NSObject {
  public:
   static NSFileManager* defaultManager() { return send<NSFileManager*>("NSFileManager"_cls, "defaultManager"_sel); }
   bool fileExists(const NSString* path) const { return send<BOOL>(this, "fileExistsAtPath:"_sel, path); }
+  bool isDirectory(const NSString* path) const {
+    BOOL isDirectory = false;
+    return send<BOOL>(this, "fileExistsAtPath:isDirectory:"_sel, path, &isDirectory) && isDirectory;
+  }
+  /// Also of a folder: whether it can be entered.
   bool isExecutableFile(const NSString* path) const { return send<BOOL>(this, "isExecutableFileAtPath:"_sel, path); }
   /// The names directly in the folder; nil when it cannot be read. `error`, where one is asked for, is set to the
   /// reason then and left alone otherwise.

@@ -23,7 +23,7 @@ extern const UIWindowLevel UIWindowLevelAlert;
 
 enum class UIAlertControllerStyle : NSInteger { actionSheet = 0, alert = 1 };
 enum class UIAlertActionStyle : NSInteger { standard = 0, cancel = 1 };
-enum class UIUserInterfaceIdiom : NSInteger { phone = 0, pad = 1 };
+enum class UIUserInterfaceIdiom : NSInteger { pad = 1 };
 enum class UIKeyboardType : NSInteger { numberPad = 4 };
 enum class UITextFieldViewMode : NSInteger { always = 3 };
 enum class UIReturnKeyType : NSInteger { done = 9 };
@@ -81,16 +81,8 @@ class UIViewController : public NSObject {
   UIPopoverPresentationController* popoverPresentationController() const {
     return send<UIPopoverPresentationController*>(this, "popoverPresentationController"_sel);
   }
-  /// Presents animated; `completion` runs when the presentation has ended.
-  template <class Completion>
-  void present(UIViewController* controller, Completion completion) {
-    presentWithBlock(controller, makeBlock<void()>(static_cast<Completion&&>(completion)).pointer());
-  }
-  /// Presents animated, with no completion.
-  void present(UIViewController* controller) { presentWithBlock(controller, nullptr); }
-
- private:
-  void presentWithBlock(UIViewController* controller, const void* completion) {
+  /// Presents animated; `completion`, which may be nil, runs when the presentation has ended.
+  void present(UIViewController* controller, const Block<void()>* completion) {
     send(this, "presentViewController:animated:completion:"_sel, controller, BOOL{true}, completion);
   }
 };
@@ -108,11 +100,15 @@ class UITextField : public UIView {
 class UIAlertAction : public NSObject {
  public:
   NSString* title() const { return send<NSString*>(this, "title"_sel); }
-  /// `handler` is called with the tapped action, or with nothing if it takes nothing.
+  /// `handler` is called with the tapped action.
+  static UIAlertAction* action(NSString* title, UIAlertActionStyle style, const Block<void(UIAlertAction*)>* handler) {
+    return send<UIAlertAction*>("UIAlertAction"_cls, "actionWithTitle:style:handler:"_sel, title, style, handler);
+  }
+  /// The same with a callable, which may leave the action out.
   template <class Handler>
+    requires std::is_class_v<Handler>
   static UIAlertAction* action(NSString* title, UIAlertActionStyle style, Handler handler) {
-    return send<UIAlertAction*>("UIAlertAction"_cls, "actionWithTitle:style:handler:"_sel, title, style,
-                                makeBlock<void(UIAlertAction*)>(static_cast<Handler&&>(handler)).pointer());
+    return action(title, style, makeBlock<void(UIAlertAction*)>(static_cast<Handler&&>(handler)));
   }
 };
 
@@ -127,7 +123,7 @@ class UIAlertController : public UIViewController {
   template <class Configure>
   void addTextField(Configure configure) {
     send(this, "addTextFieldWithConfigurationHandler:"_sel,
-         makeBlock<void(UITextField*)>(static_cast<Configure&&>(configure)).pointer());
+         makeBlock<void(UITextField*)>(static_cast<Configure&&>(configure)));
   }
   UITextField* firstTextField() const {
     auto* fields = send<NSArray*>(this, "textFields"_sel);

@@ -39,37 +39,22 @@ Result call(const void* target, Arguments... arguments) {
 
 /// Tells our construction in place apart from the standard header's, which the library does not include.
 struct InPlace {};
-inline void* operator new(std::size_t, InPlace, void* place) noexcept { return place; }
+[[gnu::returns_nonnull]] inline void* operator new(std::size_t, InPlace, void* place) noexcept { return place; }
+
+/// A block of that signature. Only the platform and what `makeBlock` makes know what is in it.
+template <class Signature>
+struct Block;
+
+namespace block {
 
 template <class Signature, class Callable>
-class Block;
+struct Literal;
 
-/// A block that calls a C++ callable. One without captures is a global block; one with captures lives on
-/// the stack until the platform copies it, and its copy holds copies of the captures: capture a `Ref` for
-/// what the block has to keep alive, a plain pointer for what it must not. The callable may leave out the
-/// block's arguments.
+/// A block that calls a C++ callable, which may leave out the block's arguments.
 template <class Result, class... Arguments, class Callable>
-class Block<Result(Arguments...), Callable> {
- public:
-  explicit Block(Callable&& callable)
-      : literal_{{&_NSConcreteStackBlock, block::hasCopyDispose, 0, &invoke, &descriptor},
-                 static_cast<Callable&&>(callable)} {}
-
-  /// The block, as a method's argument. It is valid while this object lives.
-  const void* pointer() const {
-    if constexpr (std::is_empty_v<Callable>) {
-      static constinit const Literal global{{&_NSConcreteGlobalBlock, block::isGlobal, 0, &invoke, &descriptor}, {}};
-      return &global;
-    } else {
-      return &literal_;
-    }
-  }
-
- private:
-  struct Literal {
-    block::Header<Result (*)(const void*, Arguments...)> header;
-    Callable callable;
-  };
+struct Literal<Result(Arguments...), Callable> {
+  Header<Result (*)(const void*, Arguments...)> header;
+  Callable callable;
 
   static Result invoke(const void* self, Arguments... arguments) {
     // What the callable does may let go of the block, as closing a dialog from its button does.
@@ -87,14 +72,29 @@ class Block<Result(Arguments...), Callable> {
     new (InPlace{}, &static_cast<Literal*>(to)->callable) Callable(static_cast<const Literal*>(from)->callable);
   }
   static void dispose(const void* target) { static_cast<const Literal*>(target)->callable.~Callable(); }
-
-  static constexpr block::Descriptor descriptor{0, sizeof(Literal), &copy, &dispose};
-
-  Literal literal_;
 };
 
-/// A block of this signature that calls `callable`.
 template <class Signature, class Callable>
-Block<Signature, Callable> makeBlock(Callable callable) {
-  return Block<Signature, Callable>(static_cast<Callable&&>(callable));
+inline constexpr Descriptor descriptorOf{0, sizeof(Literal<Signature, Callable>), &Literal<Signature, Callable>::copy,
+                                         &Literal<Signature, Callable>::dispose};
+
+}  // namespace block
+
+/// A block of this signature that calls `callable`: a global one without captures, else one on the heap that lives
+/// until the surrounding pool drains, or longer where the platform keeps it. Capture a `Ref` for what the block has to
+/// keep alive, a plain pointer for what it must not. The stack holds nothing of it when this returns, so that an
+/// exception of the platform's leaves nothing behind.
+template <class Signature, class Callable>
+const Block<Signature>* makeBlock(Callable callable) {
+  using Literal = block::Literal<Signature, Callable>;
+  constexpr const block::Descriptor* descriptor = &block::descriptorOf<Signature, Callable>;
+  if constexpr (std::is_empty_v<Callable>) {
+    static constinit const Literal global{{&_NSConcreteGlobalBlock, block::isGlobal, 0, &Literal::invoke, descriptor},
+                                          {}};
+    return reinterpret_cast<const Block<Signature>*>(&global);
+  } else {
+    const Literal literal{{&_NSConcreteStackBlock, block::hasCopyDispose, 0, &Literal::invoke, descriptor},
+                          static_cast<Callable&&>(callable)};
+    return autoreleased(static_cast<const Block<Signature>*>(_Block_copy(&literal)));
+  }
 }

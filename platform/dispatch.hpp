@@ -17,8 +17,7 @@ namespace dispatch {
 template <class Work>
 void afterOnMain(std::int64_t nanoseconds, Work work) {
   constexpr std::uint64_t now = 0;
-  dispatch_after(dispatch_time(now, nanoseconds), &_dispatch_main_q,
-                 makeBlock<void()>(static_cast<Work&&>(work)).pointer());
+  dispatch_after(dispatch_time(now, nanoseconds), &_dispatch_main_q, makeBlock<void()>(static_cast<Work&&>(work)));
 }
 
 /// Runs `work` at the main queue's next turn: what has to be put right even if the platform raises before.

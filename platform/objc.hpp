@@ -70,7 +70,7 @@ inline id asId(const void* object) { return static_cast<id>(const_cast<void*>(ob
 
 // Three ways to keep an object, by how long. On the stack: `kept` and `autoreleased`, since the platform's
 // exceptions pass through functions of ours without running destructors, and a pool lets go all the same. In a block
-// or another object: `Ref`. For the life of the process: `Slot`.
+// or another C++ object: `Ref`. For the life of the process, or of an object whose `dealloc` clears it: `Slot`.
 
 /// The object, which stays at least until the surrounding pool drains, whoever else lets go of it. Nil for nil.
 template <class T>
@@ -116,7 +116,7 @@ class Ref {
   T* object_ = nullptr;
 };
 
-/// A process-wide owning slot. It is made of constants and never destroyed, so nothing runs at load or exit.
+/// An owning slot. It is made of constants and never destroyed, so nothing runs at load or exit.
 template <class T>
 class Slot {
  public:

@@ -11,13 +11,11 @@ struct objc_object {
   Class isa;
 };
 struct objc_selector;
-struct objc_method;
 struct objc_ivar;
 struct objc_protocol;
 
 using id = objc_object*;
 using SEL = const objc_selector*;
-using Method = objc_method*;
 using Ivar = objc_ivar*;
 using Protocol = objc_protocol;
 using BOOL = bool;
@@ -53,4 +51,5 @@ id objc_autorelease(id object);
 
 extern void* _NSConcreteGlobalBlock[32];  // NOLINT(bugprone-reserved-identifier)
 extern void* _NSConcreteStackBlock[32];   // NOLINT(bugprone-reserved-identifier)
+void* _Block_copy(const void* block);     // NOLINT(bugprone-reserved-identifier)
 }

@@ -18,7 +18,8 @@ struct Key {
       : name(key), defaultValue(otherwise), real(destination) {}
 };
 
-// Every menu entry is on by default and everything else off: a fresh install shows all that the menu can do.
+// Every menu entry is on by default: a fresh install shows all that the menu can do. What changes how the home screen
+// behaves otherwise is off.
 constexpr Key keys[] = {
     {"enabled", &Settings::enabled, true},        {"direction", &Settings::direction, 0},
     {"slideValue", &Settings::slideValue, 1.0},   {"useForce", &Settings::useForce, false},
@@ -44,22 +45,24 @@ NSObject* defaultOf(const Key& key) {
   return NSNumber::withDouble(key.defaultValue);
 }
 
-void load(const Key& key, NSDictionary* stored) {
+void load(Settings& loaded, const Key& key, const NSDictionary* stored) {
   NSObject* value = convertible(stored->objectForKey(NSString::text(key.name)));
   if (value == nullptr) value = defaultOf(key);
-  if (key.flag != nullptr) settings.*key.flag = send<BOOL>(value, "boolValue"_sel);
-  if (key.number != nullptr) settings.*key.number = send<int>(value, "intValue"_sel);
-  if (key.real != nullptr) settings.*key.real = send<float>(value, "floatValue"_sel);
+  if (key.flag != nullptr) loaded.*key.flag = send<BOOL>(value, "boolValue"_sel);
+  if (key.number != nullptr) loaded.*key.number = send<int>(value, "intValue"_sel);
+  if (key.real != nullptr) loaded.*key.real = send<float>(value, "floatValue"_sel);
 }
 
 }  // namespace
 
 void loadSettings() {
   const AutoreleasePool pool;
-  NSDictionary* stored = NSDictionary::withContentsOfFile(settingsFile());
-  for (const Key& key : keys) load(key, stored);
-  settings.muteLockScreen = settings.disableType != 0;
-  settings.muteBanners = settings.disableType != 1;
+  const NSDictionary* stored = NSDictionary::withContentsOfFile(settingsFile());
+  Settings loaded{};
+  for (const Key& key : keys) load(loaded, key, stored);
+  loaded.muteLockScreen = loaded.disableType != 0;
+  loaded.muteBanners = loaded.disableType != 1;
+  settings = loaded;
 }
 
 void settingsChanged(CFNotificationCenterRef, void*, CFStringRef, const void*, const void*) { loadSettings(); }

@@ -1,4 +1,4 @@
-// The two generations of the home screen, and all that differs between them outside the hook table.
+// The two generations of the home screen, and what differs between them in several rooms.
 #pragma once
 
 #include "platform/CoreFoundation.hpp"

@@ -6,7 +6,6 @@
 
 extern "C" {
 extern void* _NSConcreteMallocBlock[32];  // NOLINT(bugprone-reserved-identifier)
-void* _Block_copy(const void* source);    // NOLINT(bugprone-reserved-identifier)
 void _Block_release(const void* target);  // NOLINT(bugprone-reserved-identifier)
 }
 

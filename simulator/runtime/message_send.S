@@ -111,20 +111,6 @@ objc_msgSend_stret:
     .cfi_endproc
     .size objc_msgSend_stret, . - objc_msgSend_stret
 
-    // The first argument is a receiver with a superclass, replaced by its receiver for the implementation.
-    .globl objc_msgSendSuper
-    .type objc_msgSendSuper, @function
-objc_msgSendSuper:
-    .cfi_startproc
-    SAVE_ARGUMENTS
-    call objc_msg_lookup_super@PLT
-    mov %rax, %r11
-    RESTORE_ARGUMENTS
-    mov (%rdi), %rdi
-    jmp *%r11
-    .cfi_endproc
-    .size objc_msgSendSuper, . - objc_msgSendSuper
-
 #elif defined(__aarch64__)
 
 .macro SAVE_ARGUMENTS
@@ -202,19 +188,6 @@ simInterposed:
     br x16
     .cfi_endproc
     .size simInterposed, . - simInterposed
-
-    .globl objc_msgSendSuper
-    .type objc_msgSendSuper, %function
-objc_msgSendSuper:
-    .cfi_startproc
-    SAVE_ARGUMENTS
-    bl objc_msg_lookup_super
-    mov x16, x0
-    RESTORE_ARGUMENTS
-    ldr x0, [x0]
-    br x16
-    .cfi_endproc
-    .size objc_msgSendSuper, . - objc_msgSendSuper
 
 #else
 #error "no message-send trampolines for this processor yet"

@@ -10,6 +10,9 @@
 
 #include "platform/objc.hpp"
 
+struct objc_method;
+using Method = objc_method*;
+
 namespace sim {
 /// A receiver and the superclass that its message goes to, as the runtime's lookup takes them.
 struct SuperTarget {

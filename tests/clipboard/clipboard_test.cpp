@@ -61,8 +61,12 @@ TEST_P(Clipboard, WithoutAnySchemeIsEmptied) {
 TEST_P(Clipboard, UrlTypesOfAnotherKindBringNothingDown) {
   for (const Json& types : {Json("text"), Json(5), Json::array({1, "two"}), Json{{"a", 1}},
                             Json::array({{{"CFBundleURLSchemes", "text"}}})}) {
+    home.openMenu("com.example.notes");
+    home->tap("Copy BundleID").advance(1);
     copySchemes(types);
     expectNotFound();
+    // The key is there, so what another application left goes.
+    EXPECT_EQ(home->pasteboard()->text, "");
     home->tap("OK");
     home->advance(1);
   }

@@ -9,17 +9,11 @@ const std::string updateLabels = "com.morvanel.sprigdial.iconlable";
 const std::string refreshNames = "com.morvanel.sprigdial.renamelable";
 const std::string coming = "com.example.coming";
 
-class Hiding : public test::Generations {
+/// Looks at icon views, for any kind of test.
+template <class Fixture>
+class LookingAtViews : public Fixture {
  protected:
-  // The home button lays the page out.
-  void layOut() { home->home(); }
-  long icons() { return static_cast<long>(home.screen().icons.size()); }
-  long hidden() {
-    const auto all = home.screen().icons;
-    return std::count_if(all.begin(), all.end(), [](const auto& icon) { return icon.labelHidden; });
-  }
-  void expectAllHidden() { EXPECT_EQ(hidden(), icons()); }
-  void expectAllShown() { EXPECT_EQ(hidden(), 0); }
+  using Fixture::home;
   // How many messages of that name icon views get from the add-on meanwhile.
   long told(const std::string& selector, const std::function<void()>& action) {
     const auto calls = home.callsDuring(action);
@@ -30,12 +24,26 @@ class Hiding : public test::Generations {
   void makeView(const std::string& initialiser, bool label = true) {
     home->ask("makeIconView", {{"initialiser", initialiser}, {"label", label}});
   }
+};
+
+class Hiding : public LookingAtViews<test::Generations> {
+ protected:
+  // The home button lays the page out.
+  void layOut() { home->home(); }
+  long icons() { return static_cast<long>(home.screen().icons.size()); }
+  long hidden() {
+    const auto all = home.screen().icons;
+    return std::count_if(all.begin(), all.end(), [](const auto& icon) { return icon.labelHidden; });
+  }
+  void expectAllHidden() { EXPECT_EQ(hidden(), icons()); }
+  void expectAllShown() { EXPECT_EQ(hidden(), 0); }
   std::string initialiser() const { return isOld() ? "initWithContentType:" : "initWithConfigurationOptions:"; }
   // A view of the page came through this many of the hooked initialisers.
   long passes() const { return isOld() ? 1 : 2; }
 };
 
-class HidingNew : public test::NewGeneration {};
+class HidingOld : public LookingAtViews<test::OldGeneration> {};
+class HidingNew : public LookingAtViews<test::NewGeneration> {};
 
 }  // namespace
 INSTANTIATE_TEST_SUITE_P(, Hiding, test::bothGenerations, test::generationName);
@@ -236,6 +244,22 @@ TEST_P(Hiding, AViewMadeAnywhereListens) {
   const long page = passes() * icons();
   makeView(initialiser());
   EXPECT_EQ(told("valueForKey:", [&] { home->post(updateLabels); }), page + passes());
+}
+
+TEST_F(HidingOld, AViewThatCouldNotBeMadeDoesNotListen) {
+  home.options().interposed = {"SBIconView initWithContentType:"};
+  const long page = told("valueForKey:", [&] { home->post(updateLabels); });
+  home->interpose("SBIconView initWithContentType:", {{"do", "nil"}});
+  makeView("initWithContentType:");
+  EXPECT_EQ(told("valueForKey:", [&] { home->post(updateLabels); }), page);
+}
+
+TEST_F(HidingOld, AViewThatAnotherTookThePlaceOfListensNoLongerThanItLives) {
+  home.options().interposed = {"SBIconView initWithContentType:"};
+  const long page = told("valueForKey:", [&] { home->post(updateLabels); });
+  home->interpose("SBIconView initWithContentType:", {{"do", "other"}});
+  makeView("initWithContentType:");
+  EXPECT_EQ(told("valueForKey:", [&] { home->post(updateLabels); }), page);
 }
 
 TEST_F(HidingNew, EachHookedInitialiserRegistersOnce) {

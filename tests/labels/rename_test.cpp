@@ -57,6 +57,23 @@ const std::string tail = "</dict>\n</plist>\n";
 }  // namespace
 INSTANTIATE_TEST_SUITE_P(, Renaming, test::bothGenerations, test::generationName);
 
+// A text field that has no text at all
+
+TEST_P(Renaming, WithoutATextTakesTheStoredNameAway) {
+  home.options().interposed = {"UITextField text"};
+  home.rename(app, "Mine");
+  home.rename(other, "Jotter");
+  ASSERT_EQ(home.storedName(app), "Mine");
+  home.openRenameDialog();
+  home->interpose("UITextField text", {{"do", "nil"}});
+  home->tap("Apply");
+  EXPECT_EQ(home.storedName(app), std::nullopt);
+  EXPECT_EQ(home.storedName(other), "Jotter");
+  EXPECT_EQ(label(), "Test App");
+  EXPECT_EQ(preferences().find("Mine"), std::string::npos);
+  EXPECT_NE(preferences().find("Jotter"), std::string::npos);
+}
+
 // The dialog
 
 TEST_P(Renaming, TheDialogComesAQuarterOfASecondAfterTheTap) {

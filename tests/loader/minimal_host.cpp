@@ -29,18 +29,16 @@ const double UIWindowLevelNormal = 0;
 const double UIWindowLevelAlert = 2000;
 void* _NSConcreteGlobalBlock[32];   // NOLINT(bugprone-reserved-identifier)
 void* _NSConcreteStackBlock[32];    // NOLINT(bugprone-reserved-identifier)
-void* _NSConcreteMallocBlock[32];   // NOLINT(bugprone-reserved-identifier)
 dispatch_queue_s _dispatch_main_q;  // NOLINT(bugprone-reserved-identifier)
 
 Class objc_getClass(const char* name) { return reinterpret_cast<Class>(const_cast<char*>(name)); }
-Class objc_getMetaClass(const char* name) { return objc_getClass(name); }
 Protocol* objc_getProtocol(const char*) { return nullptr; }
 Class objc_allocateClassPair(Class, const char* name, std::size_t) { return objc_getClass(name); }
 void objc_registerClassPair(Class cls) { std::printf("class %s\n", nameOf(cls)); }
 BOOL class_addIvar(Class, const char*, std::size_t, std::uint8_t, const char*) { return true; }
 BOOL class_addProtocol(Class, Protocol*) { return true; }
 Ivar class_getInstanceVariable(Class, const char*) { return nullptr; }
-Method class_getInstanceMethod(Class, SEL) { return nullptr; }
+IMP class_getMethodImplementation(Class, SEL) { return nullptr; }
 Class object_getClass(id) { return nullptr; }
 std::ptrdiff_t ivar_getOffset(Ivar) { return 0; }
 SEL sel_registerName(const char* name) { return reinterpret_cast<SEL>(name); }
@@ -54,14 +52,11 @@ void MSHookMessageEx(Class cls, SEL message, IMP replacement, IMP* previous) {
               replacement == nullptr || previous == nullptr ? " without a slot" : "");
 }
 
-void objc_msgSendSuper() {}
 void* objc_autoreleasePoolPush() { return nullptr; }
 void objc_autoreleasePoolPop(void*) {}
 id objc_retain(id object) { return object; }
 void objc_release(id) {}
 id objc_autorelease(id object) { return object; }
-void* _Block_copy(const void*) { return nullptr; }  // NOLINT(bugprone-reserved-identifier)
-void _Block_release(const void*) {}                 // NOLINT(bugprone-reserved-identifier)
 std::uint64_t dispatch_time(std::uint64_t, std::int64_t) { return 0; }
 void dispatch_after(std::uint64_t, dispatch_queue_s*, const void*) {}
 

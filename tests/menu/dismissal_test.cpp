@@ -2,6 +2,7 @@
 #include "tests/support/home.hpp"
 
 namespace {
+using Json = nlohmann::json;
 class Dismissal : public test::Generations {
  protected:
   void SetUp() override { home.openMenu("com.example.notes"); }
@@ -60,6 +61,34 @@ TEST_P(Dismissal, WithoutAMenuOnlyThePlatformIsCalled) {
   EXPECT_EQ(home->calls().size(), before);
   EXPECT_TRUE(home.screen().poweringDown);
 }
+
+/// What is only handed on arrives as it came, whatever the compiler makes of it: in the library that is used, and in
+/// one that is not optimised.
+class HandingOn : public test::Generations {
+ protected:
+  void expectHandedOn(const std::string& library) {
+    home.options().library = library;
+    const auto handedOn = [&](const std::string& target, const std::string& selector, const Json& values) {
+      SCOPED_TRACE(selector);
+      home->ask("perform", {{"target", target}, {"selector", selector}, {"arguments", values}});
+      const auto all = home->ask("platform").at("passedOn");
+      ASSERT_FALSE(all.empty());
+      EXPECT_EQ(all.back(), (Json{{"method", selector}, {"values", values}}));
+    };
+    if (isOld()) {
+      handedOn("SBDashBoardViewController", "setInScreenOffMode:forAutoUnlock:", {6, 5});
+      handedOn("SBDashBoardViewController", "setInScreenOffMode:forAutoUnlock:fromUnlockSource:", {6, 5, 123456789012});
+      home->ask("notify", {{"id", "com.example.notes"}, {"text", "hello"}, {"places", {"banner"}}, {"modal", 6}});
+      EXPECT_EQ(home->ask("platform").at("passedOn").back().at("values"), Json{6});
+    } else {
+      handedOn("CSCoverSheetViewController", "viewWillAppear:", {6});
+    }
+  }
+};
+INSTANTIATE_TEST_SUITE_P(, HandingOn, test::bothGenerations, test::generationName);
+
+TEST_P(HandingOn, IsExact) { expectHandedOn("/run/simulator/Sprigdial.so"); }
+TEST_P(HandingOn, IsExactWithoutTheOptimiser) { expectHandedOn("/run/simulator/Sprigdial-unoptimised.so"); }
 
 TEST_F(DismissalOld, AnyWayOfTurningTheScreenOffWillDo) {
   for (const bool off : {true, false})

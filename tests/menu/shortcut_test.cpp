@@ -115,6 +115,29 @@ TEST_P(Shortcut, AnApplicationsOwnEntryOfTheSameTypeAndAnotherTitle) {
   EXPECT_EQ(home.screen().frontmost, isOld() ? "" : app);
 }
 
+// Types and titles are the applications' own affair.
+TEST_P(Shortcut, EntriesWhoseTypeOrTitleIsNoTextBringNothingDown) {
+  using Json = nlohmann::ordered_json;
+  for (const Json& value : {Json(5), Json(true), Json::array({"SprigdialItem"}), Json{{"a", "Sprigdial"}}}) {
+    SCOPED_TRACE(value.dump());
+    home.install({.info = {{"UIApplicationShortcutItems",
+                            Json::array({{{"UIApplicationShortcutItemTitle", "Strange"},
+                                          {"UIApplicationShortcutItemType", value}},
+                                         {{"UIApplicationShortcutItemTitle", value},
+                                          {"UIApplicationShortcutItemType", "SprigdialItem"}}})}}});
+    auto entries = listOf(app);
+    ASSERT_GE(entries.size(), 3U);
+    EXPECT_EQ(entries.back().title, "Sprigdial");
+    home->choose("Strange");
+    EXPECT_FALSE(home.showsAlert());
+    EXPECT_EQ(home.screen().frontmost, app);
+    home->home();
+    home->forceTouch(app).choose(entries[1].title);
+    EXPECT_EQ(home.showsAlert(), isOld());
+    home->lock().unlock().home().advance(1);
+  }
+}
+
 TEST_F(ShortcutOld, PictureIsATintedTemplate) {
   home.settings({"useForce=true"});
   home.install({});

@@ -121,6 +121,16 @@ TEST_P(MuteList, HoldsIdentifiersOfAnyScript) {
   EXPECT_EQ(reached(), everyPlace);
 }
 
+TEST_P(MuteList, IsReadOnceByTheReaderOfMutableDictionaries) {
+  const std::string reader = "+NSMutableDictionary dictionaryWithContentsOfFile:";
+  home.options().interposed = {reader};
+  const auto read = [&] { return home->ask("platform").at("interposed").at(reader).get<long>(); };
+  EXPECT_EQ(read(), 1);
+  mute("For 1 Hour");
+  reached();
+  EXPECT_EQ(read(), 1);
+}
+
 TEST_P(MuteList, OutlivesARespring) {
   mute("For 15 Minutes");
   mute("Forever", other);

@@ -31,9 +31,9 @@ void SBUIAppIconForceTouchController::open(SBIconView* view) {
   const auto provider = make<Provider>("SBUIAppIconForceTouchControllerDataProvider"_cls);
   provider->icon = send<SBIcon*>(view, "icon"_sel);
   for (id item : elements(send<id>(provider, "applicationShortcutItems"_sel))) {
-    const auto handler = makeBlock<void()>([this, index = items.size()] { activate(index); });
+    const auto* handler = makeBlock<void()>([this, index = items.size()] { activate(index); });
     items.emplace_back(static_cast<SBSApplicationShortcutItem*>(item));
-    actions.push_back(makeAction(items.back(), static_cast<const BlockLiteral*>(handler.pointer())));
+    actions.push_back(makeAction(items.back(), reinterpret_cast<const BlockLiteral*>(handler)));
   }
   if (!items.empty()) change(1);
 }
