@@ -14,7 +14,7 @@ struct Way {
   std::string method;                        ///< "CLASS SELECTOR" of what raises
   std::string verb;                          ///< the request that reaches it
   Json members = Json::object();             ///< of that request
-  std::function<void(test::Home&)> prepare;  ///< may be empty
+  std::function<void(test::Home&)> prepare = {};  ///< may be empty
 };
 
 Json message(const std::string& target, const std::string& selector, const Json& arguments = Json::array()) {
