@@ -33,6 +33,9 @@ void UIApplication::openURL(id url, id, const BlockLiteral* completion) {
 }
 
 UIApplication* startApplication(Class cls) {
+  // An application has its screen and its device from the beginning, whoever asks for them first.
+  send<id>("UIScreen"_cls, "mainScreen"_sel);
+  send<id>("UIDevice"_cls, "currentDevice"_sel);
   shared.set(make<UIApplication>(cls));
   return shared.get();
 }
