@@ -28,6 +28,7 @@ struct Interposed {
   IMP original;
   long calls = 0;
   Interposition next = {};
+  std::uint64_t value = 0;  // what the call that is going on gives
 };
 
 // Methods are called until the very end of the process. A list, since a call may be going on in one.
@@ -72,6 +73,8 @@ id initialiseAnother(id self, SEL selector, NSUInteger a, NSUInteger b, NSUInteg
   send(self, "release"_sel);
   return reinterpret_cast<Initialiser>(original)(another, selector, a, b, c, d);
 }
+
+std::uint64_t giveValue(id self, SEL selector) { return called(self, selector).value; }
 
 }  // namespace
 
@@ -134,6 +137,9 @@ extern "C" IMP simChooseImplementation(id self, SEL selector) {
     case sim::Interference::prior:
       now.first();
       break;
+    case sim::Interference::value:
+      method.value = now.value;
+      return reinterpret_cast<IMP>(&sim::giveValue);
   }
   return method.original;
 }

@@ -2,6 +2,7 @@
 // counted, and one can be made to go otherwise than it should.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -15,6 +16,7 @@ enum class Interference {
   nil,    ///< nothing happens, and it gives nil or zero; an initialiser lets go of its receiver
   other,  ///< an initialiser lets go of its receiver and gives another new object, initialised in the same way
   prior,  ///< something else happens first
+  value,  ///< nothing happens, and it gives a number, in a whole register
 };
 
 struct Interposition {
@@ -22,6 +24,7 @@ struct Interposition {
   long skip = 0;                ///< so many calls run before the one that is meant
   bool always = false;          ///< it goes for all further calls, not for one
   std::function<void()> first;  ///< what happens first
+  std::uint64_t value = 0;      ///< the number that it gives
 };
 
 /// Stands before a method, given as "CLASS SELECTOR" or, for a class's own, as "+CLASS SELECTOR". To be called before

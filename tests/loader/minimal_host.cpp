@@ -57,6 +57,7 @@ void objc_autoreleasePoolPop(void*) {}
 id objc_retain(id object) { return object; }
 void objc_release(id) {}
 id objc_autorelease(id object) { return object; }
+void* _Block_copy(const void*) { return nullptr; }  // NOLINT(bugprone-reserved-identifier)
 std::uint64_t dispatch_time(std::uint64_t, std::int64_t) { return 0; }
 void dispatch_after(std::uint64_t, dispatch_queue_s*, const void*) {}
 

@@ -307,7 +307,10 @@ TEST_P(ActionMenu, CacheFilesBelowAnyDepthAreCounted) {
   }
   std::array<char, 32> text{};
   std::snprintf(text.data(), text.size(), "%.2f", static_cast<double>(static_cast<float>(total) / 1048576.0F));
-  EXPECT_EQ(home.cacheTitle(), std::string("Clear Caches(") + text.data() + " MB)");
+  std::string size = text.data();
+  // Where folders are small, what they add is not seen: the title then tells whole megabytes.
+  if (size.ends_with(".00")) size = std::to_string(total >> 20);
+  EXPECT_EQ(home.cacheTitle(), "Clear Caches(" + size + " MB)");
 }
 
 TEST_P(ActionMenu, WithoutShowSizeTheCacheTitleIsPlain) {

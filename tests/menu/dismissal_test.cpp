@@ -75,9 +75,21 @@ class HandingOn : public test::Generations {
       ASSERT_FALSE(all.empty());
       EXPECT_EQ(all.back(), (Json{{"method", selector}, {"values", values}}));
     };
+    // Answers, as the platform gives them.
+    const std::string shouldActivate =
+        isOld() ? "appIconForceTouchController:shouldActivateApplicationShortcutItem:atIndex:forGestureRecognizer:"
+                : "iconView:shouldActivateApplicationShortcutItem:atIndex:";
+    const std::string answering[] = {menuHost() + " " + shouldActivate, "SBDownloadingIcon isDownloadingIcon"};
+    home.options().interposed = {answering[0], answering[1]};
+    home->interpose(answering[0], {{"do", "value"}, {"value", 6}});
+    EXPECT_EQ(home->ask("perform", {{"selector", shouldActivate}, {"result", true}}), 6);
+    home->startDownload("com.example.coming");
+    home->interpose(answering[1], {{"do", "value"}, {"value", 6}});
+    EXPECT_EQ(home->ask("download", {{"what", "ask"}, {"id", "com.example.coming"}}), 6);
+
     if (isOld()) {
       handedOn("SBDashBoardViewController", "setInScreenOffMode:forAutoUnlock:", {6, 5});
-      handedOn("SBDashBoardViewController", "setInScreenOffMode:forAutoUnlock:fromUnlockSource:", {6, 5, 123456789012});
+      handedOn("SBDashBoardViewController", "setInScreenOffMode:forAutoUnlock:fromUnlockSource:", {6, 5});
       home->ask("notify", {{"id", "com.example.notes"}, {"text", "hello"}, {"places", {"banner"}}, {"modal", 6}});
       EXPECT_EQ(home->ask("platform").at("passedOn").back().at("values"), Json{6});
     } else {

@@ -314,8 +314,10 @@ json performSelector(const json& request) {
     throw BadRequest(std::string("A \"") + class_getName(object_getClass(target)) + "\" does not answer \"" + name +
                      "\"");
   const auto arguments = argumentsOf(request);
-  send(target, selector, arguments[0], arguments[1], arguments[2], arguments[3], arguments[4], arguments[5]);
-  return {};
+  // What a method without a result leaves in the register means nothing.
+  const auto result = send<std::uint64_t>(target, selector, arguments[0], arguments[1], arguments[2], arguments[3],
+                                          arguments[4], arguments[5]);
+  return valueOf(request, "result", false) ? json(result) : json();
 }
 
 json interposeMethod(const json& request) {
@@ -326,12 +328,14 @@ json interposeMethod(const json& request) {
       {"nil", {.what = Interference::nil}},
       {"other", {.what = Interference::other}},
       {"perform", {.what = Interference::prior}},
+      {"value", {.what = Interference::value}},
   };
   const std::string what = textOf(request, "do");
   const auto row = known.find(what);
   if (row == known.end()) throw BadRequest("An interposed method cannot be told to \"" + what + "\"");
   Interposition interposition = row->second;
   interposition.skip = valueOf(request, "skip", 0L);
+  interposition.value = valueOf(request, "value", std::uint64_t{0});
   if (interposition.what == Interference::prior)
     interposition.first = [requests = request.at("requests")] {
       for (const json& each : requests) {

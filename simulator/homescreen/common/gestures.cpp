@@ -142,8 +142,8 @@ void notify(const std::string& application, const std::string& text, const Notif
 
 void startDownload(const std::string& application) { addDownloadingIcon(application); }
 
-bool askDownload(const std::string& application) {
-  return send<BOOL>(requireDownload(application), "isDownloadingIcon"_sel);
+RawBool askDownload(const std::string& application) {
+  return send<RawBool>(requireDownload(application), "isDownloadingIcon"_sel);
 }
 
 void removeDownload(const std::string& application) {

@@ -50,7 +50,7 @@ void notify(const std::string& application, const std::string& text, const Notif
 
 void startDownload(const std::string& application);
 /// Asks the icon whether it is downloading.
-bool askDownload(const std::string& application);
+RawBool askDownload(const std::string& application);
 /// The user removes the icon.
 void removeDownload(const std::string& application);
 
