@@ -196,7 +196,7 @@ TEST_P(Exceptions, PassThroughWhatLooksForTheIcon) {
 TEST_P(Exceptions, PassThroughTheOverlay) {
   const std::vector<std::string> methods{showing, "UIView addSubview:", "UIActivityIndicatorView startAnimating"};
   boot(methods);
-  const auto before = home->live();
+  const auto before = home->lock().unlock().live();
   for (const auto& method : methods) {
     SCOPED_TRACE(method);
     home->interpose(method, {{"do", "raise"}});
