@@ -3,7 +3,7 @@
 #include "state/target.hpp"
 
 SBApplication* targetApplication() {
-  return SBApplicationController::sharedInstance()->application(currentBundleIdentifier.get());
+  return kept(SBApplicationController::sharedInstance()->application(currentBundleIdentifier.get()));
 }
 
 NSString* nameOf(const SBApplication* application) { return formatted(application->displayName()); }

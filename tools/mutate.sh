@@ -49,14 +49,15 @@ replace() {
 found=0 missed=() broken=()
 
 try() {
-  local title=$1 file=$2 tests=$3 from=$4 to=$5 log libraries=(Sprigdial)
-  [[ $tests != *HandingOn* ]] || libraries+=(Sprigdial-unoptimised)
+  local title=$1 file=$2 tests=$3 from=$4 to=$5 log targets=(Sprigdial)
+  [[ $tests != *HandingOn* ]] || targets+=(Sprigdial-unoptimised)
+  [[ $tests != *Settings* ]] || targets+=(settings-probe)
   [[ $title == *"$wanted"* ]] || return 0
   if ! replace "$copy/$file" "$from" "$to"; then
     broken+=("$title")
   elif [[ -z $check ]]; then
     log=$(mktemp)
-    if ! (cd "$copy" && cmake --build --preset pc --target "${libraries[@]}") >"$log" 2>&1; then
+    if ! (cd "$copy" && cmake --build --preset pc --target "${targets[@]}") >"$log" 2>&1; then
       echo "refused by the compiler: $title"
       ((++found))
     elif (cd "$copy" && ctest --preset pc -j "$(nproc)" --stop-on-failure -R "$tests") >"$log" 2>&1; then

@@ -42,6 +42,11 @@ struct Encoding<const BlockLiteral*> {
 
 /// A BOOL argument as the byte that arrived, which may be any. C++ takes a `bool` for 0 or 1, whatever it holds.
 enum class RawBool : std::uint8_t {};
+/// The byte alone. It goes through memory: the compiler trusts callers to have cleared the rest of the register.
+inline std::int64_t byteOf(RawBool value) {
+  const volatile RawBool byte = value;
+  return static_cast<std::int64_t>(byte);
+}
 template <>
 struct Encoding<RawBool> {
   static std::string text() { return "B"; }

@@ -494,6 +494,25 @@ TEST_P(Backup, ARoundTripBringsEveryByteBack) {
   EXPECT_EQ(test::filesBelow(data), before);
 }
 
+TEST_P(Backup, OfAFolderThatHasGoneIsNotRestoredFrom) {
+  makeArchives({"2020-01-01.00_00_00"});
+  home->perform("restoreData");
+  fs::remove_all(home.path(store));
+  home->tap("2020-01-01 00:00:00");
+  expectOverlay();
+  EXPECT_FALSE(home.showsAlert());
+}
+
+TEST_P(Backup, WithoutAnApplicationThereIsNone) {
+  makeArchives({"2020-01-01.00_00_00"});
+  home->touch("Garden Diary");
+  for (const auto* operation : {"restoreData", "deleteBackUp"}) {
+    home->perform(operation);
+    EXPECT_EQ(home.alert().message, "Please Use BackUp first!") << operation;
+    home->tap("OK");
+  }
+}
+
 TEST_P(Backup, RestoringChangesNothingElse) {
   backUp();
   auto expected = test::filesBelow(home.device().root() / "var");

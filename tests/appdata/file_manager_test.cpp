@@ -73,7 +73,26 @@ TEST_P(FileManager, AnUnknownApplicationHasNoBundleToOpen) {
   home->perform("openInFilzaApp");
   home->perform("openInFilzaData");
   EXPECT_FALSE(home.showsAlert());
-  for (const auto& url : home->urls()) EXPECT_EQ(url.url.find("/var/"), std::string::npos) << url.url;
+  ASSERT_EQ(home->urls().size(), 1U) << "of the data alone";
+  EXPECT_EQ(home->urls()[0].url, "filza:/(null)/Documents");
+}
+
+TEST_P(FileManager, AnApplicationWithoutAContainerHasNoFolderToOpen) {
+  home.install({.hasContainer = false, .hasCaches = false});
+  home.swipeUp(app, 0, -0.5);
+  home->perform("openInFilzaData");
+  ASSERT_EQ(home->urls().size(), 1U);
+  EXPECT_EQ(home->urls()[0].url, "filza:/(null)/Documents");
+}
+
+TEST_P(FileManager, ABlankInTheContainersPathOpensNothing) {
+  home.install({});
+  const auto container = home.container(app);
+  std::filesystem::rename(container, container.string() + " moved");
+  home.swipeUp(app, 0, -0.5);
+  home->rescan();
+  home->touch(app).perform("openInFilzaData");
+  EXPECT_TRUE(home->urls().empty());
 }
 
 // A text that is no address opens nothing; nothing is encoded on the way.

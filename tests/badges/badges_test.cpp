@@ -73,6 +73,13 @@ TEST_P(Badges, AnEmptyTextIsAValueNotAClearing) {
   EXPECT_EQ(cleared, 0);
 }
 
+TEST_P(Badges, AnEmptyTextIsStoredAsOne) {
+  home->perform("setBadges");
+  home->tap("Apply");
+  const auto states = sim::readFile(home.path("/var/mobile/Library/SpringBoard/applicationState.plist"));
+  EXPECT_NE(states->find("<string></string>"), std::string::npos) << *states;
+}
+
 TEST_P(Badges, CancelChangesNothing) {
   home->perform("setBadges");
   home->type("9");

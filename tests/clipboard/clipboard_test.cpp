@@ -72,6 +72,20 @@ TEST_P(Clipboard, UrlTypesOfAnotherKindBringNothingDown) {
   }
 }
 
+TEST_P(Clipboard, UrlTypesOfAnotherKindAreLeftOut) {
+  copySchemes(Json::array({1, "two", {{"CFBundleURLSchemes", {"abc"}}}}));
+  EXPECT_EQ(home->pasteboard()->text, "Unknown Scheme: abc:// \n");
+}
+
+TEST_P(Clipboard, StaysAsItWasWithoutAnApplication) {
+  home.openMenu("com.example.notes");
+  home->tap("Copy BundleID").advance(1);
+  home.openMenu("com.example.weather");
+  home->touch("Garden Diary");
+  home->tap("Copy BundleID");
+  EXPECT_EQ(home->pasteboard()->text, "com.example.notes");
+}
+
 TEST_P(Clipboard, SchemesOfAnotherKindAreLeftOut) {
   copySchemes({{{"CFBundleURLName", 7}, {"CFBundleURLSchemes", {1, "ok", {{"a", 1}}}}}});
   EXPECT_EQ(home->pasteboard()->text, "Unknown Scheme: ok:// \n");

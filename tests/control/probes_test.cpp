@@ -242,7 +242,7 @@ TEST_P(Probes, BooleansMayBeAnyByte) {
   if (isOld()) {
     EXPECT_EQ(passedOn(),
               (Json{{{"method", "setInScreenOffMode:forAutoUnlock:"}, {"values", {6, 255}}},
-                    {{"method", "setInScreenOffMode:forAutoUnlock:fromUnlockSource:"}, {"values", {0, 1}}},
+                    {{"method", "setInScreenOffMode:forAutoUnlock:fromUnlockSource:"}, {"values", {0, 1, 3}}},
                     {{"method", "_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:"},
                      {"values", {7}}}}));
   } else {

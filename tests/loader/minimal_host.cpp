@@ -52,8 +52,11 @@ void MSHookMessageEx(Class cls, SEL message, IMP replacement, IMP* previous) {
               replacement == nullptr || previous == nullptr ? " without a slot" : "");
 }
 
-void* objc_autoreleasePoolPush() { return nullptr; }
-void objc_autoreleasePoolPop(void*) {}
+void* objc_autoreleasePoolPush() {
+  std::printf("pool\n");
+  return nullptr;
+}
+void objc_autoreleasePoolPop(void*) { std::printf("end of pool\n"); }
 id objc_retain(id object) { return object; }
 void objc_release(id) {}
 id objc_autorelease(id object) { return object; }

@@ -117,6 +117,85 @@ TEST_P(Order, ATouchWhileAnOperationLooksItsApplicationUpDoesNotChangeWhoseDataI
   EXPECT_FALSE(std::filesystem::exists(home.path("/var/mobile/Documents/Sprigdial/" + other)));
 }
 
+TEST_P(Order, AnAlertHidesTheWindowBeforeItsOwnComes) {
+  home.install({});
+  home->touch(app).perform("clearCaches");
+  const auto calls = home.callsDuring([&] { home->perform("resetAppData"); });
+  EXPECT_LT(place(calls, "UIWindow", "setHidden:"), place(calls, "UIWindow", "makeKeyAndVisible"));
+}
+
+TEST_P(Order, TheOverlayComesBeforeARestoreRemovesAnything) {
+  home.options().interposed = {"UIWindow makeKeyAndVisible"};
+  home.install({});
+  sim::writeFile(home.container(app) / "Documents/letter", "first");
+  sim::writeFile(home.path("/var/mobile/Documents/Sprigdial/" + app) / "2020-01-01.00_00_00", "");
+  home->touch(app).perform("restoreData");
+  home->interpose("UIWindow makeKeyAndVisible", {{"do", "raise"}});
+  EXPECT_TRUE(home->raises("tap", {{"title", "2020-01-01 00:00:00"}}));
+  EXPECT_EQ(sim::readFile(home.container(app) / "Documents/letter"), "first");
+}
+
+// An application that is removed while it is asked for its name.
+TEST_P(Order, AnApplicationThatGoesWhileItIsLookedUpBringsNothingDown) {
+  home.options().interposed = {"SBApplication displayName"};
+  for (const auto* operation : {"showAlertView", "clearCaches", "backUpData", "setBadges"}) {
+    SCOPED_TRACE(operation);
+    home.install({});
+    home->touch(app);
+    std::filesystem::remove_all(home.bundle(app).parent_path());
+    home->interpose("SBApplication displayName", during({{{"verb", "rescan"}}}));
+    home->perform(operation);
+    EXPECT_TRUE(home.showsAlert());
+    home->lock().unlock().advance(1);
+  }
+}
+
+TEST_P(Order, TheMuteSheetIsForTheApplicationThatWasCurrentWhenItWasAskedFor) {
+  const std::string post = "NSNotificationCenter postNotificationName:object:userInfo:";
+  home.options().interposed = {post};
+  home.install({});
+  home->touch(app);
+  home->interpose(post, during({{{"verb", "touch"}, {"id", other}}}));
+  const auto calls = home.callsDuring([&] { home->perform("muteNotifications"); });
+  EXPECT_EQ(home.alert().message, app);
+  EXPECT_EQ(std::count_if(
+                calls.begin(), calls.end(),
+                [](const auto& call) { return call.selector == "alertControllerWithTitle:message:preferredStyle:"; }),
+            1);
+}
+
+TEST_P(Order, NoDialogsButtonLeavesAControllerBehind) {
+  home.install({});
+  home->touch(app);
+  for (const auto* operation : {"clearCaches", "setBadges", "resetAppData", "muteNotifications"}) {
+    home->perform(operation).tap("Cancel");
+    EXPECT_EQ(home.live("UIViewController"), 0) << operation;
+  }
+}
+
+TEST_P(Order, ARenamedIconReadsItsLabelBeforeTheOthersAreTold) {
+  home.install({});
+  home.openRenameDialog(app);
+  home->type("Mine");
+  const auto calls = home.callsDuring([&] { home->tap("Apply"); });
+  EXPECT_LT(place(calls, "SBApplicationIcon", "leafIdentifier"),
+            isOld() ? place(calls, "SBIconView", "_updateLabel")
+                    : place(calls, "Darwin", "com.morvanel.sprigdial.renamelable"));
+}
+
+// The stored names are bypassed for the look at the system's own, and no longer.
+TEST_P(Order, StoredNamesAreShownAgainBeforeTheRenamingDialogComes) {
+  home.options().interposed = {"UIWindow makeKeyAndVisible"};
+  home.install({});
+  home.rename(app, "Mine");
+  home.openMenu(app);
+  home->tap("Rename App");
+  home->interpose("UIWindow makeKeyAndVisible",
+                  during({{{"verb", "rescan"}}, {{"verb", "post"}, {"name", "com.morvanel.sprigdial.renamelable"}}}));
+  home->advance(1);
+  EXPECT_EQ(home.icon(app).label, "Mine");
+}
+
 // While the menu's window goes another one may come: neither is used after it has gone.
 TEST_P(Order, AnAlertThatComesWhileAnotherGoesBringsNothingDown) {
   home.options().interposed = {"UIWindow setHidden:", "UIWindow makeKeyAndVisible", "UIWindow setRootViewController:"};
@@ -129,6 +208,7 @@ TEST_P(Order, AnAlertThatComesWhileAnotherGoesBringsNothingDown) {
     home->perform("resetAppData");
     home->lock().unlock();
     EXPECT_TRUE(home.screen().windows.empty());
+    EXPECT_EQ(home.live("UIViewController"), 0);
   }
 }
 

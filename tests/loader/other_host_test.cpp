@@ -33,6 +33,13 @@ TEST(OtherHost, MapsTheNewGroupAtTheThreshold) {
   EXPECT_FALSE(mentions(lines, " SBIconController "));
 }
 
+TEST(OtherHost, SeesEverythingHappenWithinAPool) {
+  const auto lines = mappedAt("1700");
+  EXPECT_EQ(lines.front(), "pool");
+  EXPECT_EQ(lines.back(), "end of pool");
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "pool"), std::count(lines.begin(), lines.end(), "end of pool"));
+}
+
 TEST(OtherHost, SeesFourObserversInEitherGroup) {
   for (const auto* version : {"1240.1", "1700"}) {
     const auto lines = mappedAt(version);

@@ -343,9 +343,10 @@ INSTANTIATE_TEST_SUITE_P(
         test::bothGenerations,
         testing::Values(CacheTitle{0, "Clear Caches(0 MB)"}, CacheTitle{1, "Clear Caches(0 MB)"},
                         CacheTitle{5242, "Clear Caches(0 MB)"}, CacheTitle{5243, "Clear Caches(0.01 MB)"},
-                        CacheTitle{1048576, "Clear Caches(1 MB)"}, CacheTitle{1572864, "Clear Caches(1.50 MB)"},
-                        CacheTitle{2097000, "Clear Caches(1 MB)"}, CacheTitle{2097152, "Clear Caches(2 MB)"},
-                        CacheTitle{3638559, "Clear Caches(3.47 MB)"}, CacheTitle{1056440, "Clear Caches(1.01 MB)"},
+                        CacheTitle{104858, "Clear Caches(0.10 MB)"}, CacheTitle{1048576, "Clear Caches(1 MB)"},
+                        CacheTitle{1572864, "Clear Caches(1.50 MB)"}, CacheTitle{2097000, "Clear Caches(1 MB)"},
+                        CacheTitle{2097152, "Clear Caches(2 MB)"}, CacheTitle{3638559, "Clear Caches(3.47 MB)"},
+                        CacheTitle{1056440, "Clear Caches(1.01 MB)"},
                         // Exactly between two hundredths: the even one.
                         CacheTitle{131072, "Clear Caches(0.12 MB)"}, CacheTitle{393216, "Clear Caches(0.38 MB)"},
                         CacheTitle{104857600, "Clear Caches(100 MB)"}, CacheTitle{105067315, "Clear Caches(100.20 MB)"},

@@ -89,7 +89,7 @@ class HandingOn : public test::Generations {
 
     if (isOld()) {
       handedOn("SBDashBoardViewController", "setInScreenOffMode:forAutoUnlock:", {6, 5});
-      handedOn("SBDashBoardViewController", "setInScreenOffMode:forAutoUnlock:fromUnlockSource:", {6, 5});
+      handedOn("SBDashBoardViewController", "setInScreenOffMode:forAutoUnlock:fromUnlockSource:", {6, 5, 123456789012});
       home->ask("notify", {{"id", "com.example.notes"}, {"text", "hello"}, {"places", {"banner"}}, {"modal", 6}});
       EXPECT_EQ(home->ask("platform").at("passedOn").back().at("values"), Json{6});
     } else {
@@ -101,6 +101,17 @@ INSTANTIATE_TEST_SUITE_P(, HandingOn, test::bothGenerations, test::generationNam
 
 TEST_P(HandingOn, IsExact) { expectHandedOn("/run/simulator/Sprigdial.so"); }
 TEST_P(HandingOn, IsExactWithoutTheOptimiser) { expectHandedOn("/run/simulator/Sprigdial-unoptimised.so"); }
+
+TEST_P(Dismissal, ComesAfterThePlatformHasHadItsTurn) {
+  const std::string method = GetParam() == sim::Generation::old
+                                 ? "SBDashBoardViewController setInScreenOffMode:forAutoUnlock:"
+                                 : "CSCoverSheetViewController viewWillAppear:";
+  test::Home phone(GetParam(), {.interposed = {method}});
+  phone.openMenu("com.example.notes");
+  phone->interpose(method, {{"do", "raise"}});
+  EXPECT_TRUE(phone->raises("screenOff"));
+  EXPECT_TRUE(phone.showsAlert());
+}
 
 TEST_F(DismissalOld, AnyWayOfTurningTheScreenOffWillDo) {
   for (const bool off : {true, false})

@@ -48,6 +48,35 @@ TEST_P(Download, RemovingLowersTheFlagAfterHalfASecond) {
   EXPECT_TRUE(home.showsAlert());
 }
 
+TEST_P(Download, EverybodyIsToldThatADownloadWasRemoved) {
+  home->startDownload(downloading);
+  home->removeDownload(downloading);
+  const auto calls = home.callsDuring([&] { home->advance(0.6); });
+  const auto posted = std::find_if(calls.begin(), calls.end(), [](const auto& call) { return call.kind == "post"; });
+  ASSERT_NE(posted, calls.end());
+  EXPECT_EQ(posted->selector, "com.morvanel.sprigdial.isdownload");
+  EXPECT_EQ(posted->encoding, "object nil, user info nil, immediately");
+}
+
+// The platform may raise below: what comes before its turn has been done.
+TEST_P(Download, TheFlagIsRaisedBeforeThePlatformAnswers) {
+  home.options().interposed = {"SBDownloadingIcon isDownloadingIcon"};
+  home->startDownload(downloading);
+  home->interpose(home.options().interposed[0], {{"do", "raise"}});
+  EXPECT_TRUE(home->raises("download", {{"what", "ask"}, {"id", downloading}}));
+  EXPECT_FALSE(swipeOpens());
+}
+
+TEST_P(Download, TheFlagIsLoweredThoughThePlatformBreaksTheRemovalOff) {
+  home.options().interposed = {"SBDownloadingIcon uninstalledByUser"};
+  home->startDownload(downloading);
+  home->askDownload(downloading);
+  home->interpose(home.options().interposed[0], {{"do", "raise"}});
+  EXPECT_TRUE(home->raises("download", {{"what", "remove"}, {"id", downloading}}));
+  home->advance(0.6);
+  EXPECT_TRUE(swipeOpens());
+}
+
 TEST_P(Download, TimeAloneDoesNotLowerTheFlag) {
   home->startDownload(downloading);
   home->askDownload(downloading);
@@ -76,6 +105,14 @@ TEST_P(Download, OneEnvironmentNeverRaisesTheFlag) {
   EXPECT_TRUE(swipeOpens());
   // The other hooking library beside it tells another environment.
   home.device().setMarker("substrate", true);
+  home->askDownload(downloading);
+  EXPECT_FALSE(swipeOpens());
+}
+
+TEST_P(Download, ThatEnvironmentLeavesARaisedFlagAsItIs) {
+  home->startDownload(downloading);
+  home->askDownload(downloading);
+  for (const auto* marker : {"substitute", "unc0ver"}) home.device().setMarker(marker, true);
   home->askDownload(downloading);
   EXPECT_FALSE(swipeOpens());
 }

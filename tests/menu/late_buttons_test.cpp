@@ -87,6 +87,13 @@ TEST_P(LateButtons, OfTheBadgesAlertApplyTheirOwnText) {
   EXPECT_EQ(badge(), "5");
 }
 
+TEST_P(LateButtons, OfTheMuteSheetMuteTheirOwnApplication) {
+  home->touch(app).perform("muteNotifications");
+  home->tapLate("Forever").touch(other).lock().finishTap();
+  const auto list = sim::readFile(home.path("/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist"));
+  EXPECT_NE(list->find("<string>" + app + "</string>"), std::string::npos) << *list;
+}
+
 TEST_P(LateButtons, OfTheRenamingDialogStoreWhatWasTyped) {
   home.openRenameDialog();
   home->type("Mine");
@@ -142,6 +149,20 @@ TEST_P(LateButtons, OfTheRenamingDialogLeaveAMenuAlone) {
     EXPECT_EQ(home.alert().title, "Notes");
     home->tap("Cancel").advance(1);
   }
+}
+
+TEST_P(LateButtons, OfTheRenamingDialogLeaveTheOverlayAlone) {
+  home.openRenameDialog(app);
+  home->tapLate("Apply").perform("showLoadingView").finishTap();
+  ASSERT_EQ(home.screen().windows.size(), 1U);
+  EXPECT_EQ(home.screen().windows[0].background, "0,0.2");
+}
+
+TEST_P(LateButtons, OfTheMenuKeepTheirIcon) {
+  home.openMenu();
+  home.uninstall(app);
+  home->tap("Rename App").advance(1);
+  EXPECT_EQ(home.alert().title, "Rename App");
 }
 
 TEST_P(LateButtons, LeaveNothingBehind) {

@@ -36,6 +36,19 @@ TEST_P(OpenApp, LaunchesAsTheLastIconWasLaunched) {
   EXPECT_EQ(launches[1].actions, launches[0].actions);
 }
 
+TEST_P(OpenApp, AnIconThatGoesWhileItIsLaunchedBringsNothingDown) {
+  const std::string method = GetParam() == sim::Generation::old
+                                 ? "SBIcon launchFromLocation:context:activationSettings:actions:"
+                                 : "SBIcon launchFromLocation:context:";
+  home.options().interposed = {method};
+  home.install({});
+  home->touch(app);
+  std::filesystem::remove_all(home.bundle(app).parent_path());
+  home->interpose(method, {{"do", "perform"}, {"requests", {{{"verb", "rescan"}}}}});
+  home->perform("openApps");
+  EXPECT_EQ(home->launches().size(), 1U);
+}
+
 TEST_P(OpenApp, WithoutACurrentApplicationDoesNothing) {
   home->perform("openApps");
   EXPECT_TRUE(home->launches().empty());

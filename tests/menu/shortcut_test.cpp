@@ -146,6 +146,54 @@ TEST_F(ShortcutOld, PictureIsATintedTemplate) {
             "/Library/PreferenceBundles/SprigdialSettings.bundle/Sprigdial.png (template)");
 }
 
+TEST_F(ShortcutOld, OtherEntriesAndAnEntryThatIsNotOursGetNoPicture) {
+  home.install(
+      {.info = {{"UIApplicationShortcutItems",
+                 {{{"UIApplicationShortcutItemTitle", "New Note"}, {"UIApplicationShortcutItemType", "new"}},
+                  {{"UIApplicationShortcutItemTitle", "Sprigdial"}, {"UIApplicationShortcutItemType", "mine"}}}}}});
+  home.settings({"useForce=true"});
+  home->forceTouch(app);
+  EXPECT_EQ(home.screen().quickActions->entries[0].image, "");
+  home.settings({"useForce=false"});
+  home->home();
+  home->forceTouch(app);
+  EXPECT_EQ(home.screen().quickActions->entries[1].image, "");
+}
+
+// The list's application becomes the current one, whatever was touched meanwhile.
+TEST_F(ShortcutOld, TheListsApplicationIsTheMenus) {
+  const std::string identifier = "SBUIAppIconForceTouchControllerDataProvider applicationBundleIdentifier";
+  home.options().interposed = {identifier};
+  home.settings({"useForce=true"});
+  home.install({});
+  home->home();
+  home->interpose(identifier, {{"do", "perform"}, {"requests", {{{"verb", "touch"}, {"id", "com.example.notes"}}}}});
+  home->forceTouch(app).choose("Sprigdial");
+  EXPECT_EQ(home.alert().title, "Test App");
+}
+
+TEST_F(ShortcutNew, AnApplicationsOwnEntryOfTheSameTitleAndAnotherType) {
+  home.settings({"useForce=true"});
+  home.install(
+      {.info = {{"UIApplicationShortcutItems",
+                 {{{"UIApplicationShortcutItemTitle", "Sprigdial"}, {"UIApplicationShortcutItemType", "mine"}}}}}});
+  home->forceTouch(app).choose("Sprigdial");
+  EXPECT_FALSE(home.showsAlert());
+  EXPECT_EQ(home.screen().frontmost, app);
+}
+
+TEST_P(Shortcut, LeavesNothingBehind) {
+  home.install({});
+  const auto look = [&] {
+    listOf(app);
+    home->home();
+  };
+  look();
+  const auto before = home->live();
+  for (int time = 0; time < 5; ++time) look();
+  EXPECT_EQ(home->live(), before);
+}
+
 TEST_F(ShortcutOld, AnyActionOfThatTitleGetsThePicture) {
   home.settings({"useForce=true"});
   home.install(

@@ -119,6 +119,40 @@ TEST_P(Swipe, OpensTheMenuOfTheTouchedIcon) {
   EXPECT_EQ(home.alert().title, "Notes");
 }
 
+TEST_P(Swipe, ThePlatformGetsTheTouchWhileAnIconIsDownloading) {
+  home->startDownload("com.example.coming").askDownload("com.example.coming");
+  home->swipe(app, {{0, -0.5}, {3, 1}});
+  EXPECT_EQ(home->ask("platform").at("touchesMoved"), 2);
+}
+
+TEST_P(Swipe, TouchesAreNotNoticedWhileSwitchedOff) {
+  home.settings({"enabled=false"});
+  home->touch(app);
+  home.settings({"enabled=true"});
+  home->perform("showAlertView");
+  EXPECT_FALSE(home.showsAlert());
+}
+
+// What the platform's method changes on its way shows what comes before it, and what after.
+TEST_P(Swipe, ATouchIsNoticedBeforeThePlatformGetsItAndASwipeAfter) {
+  const nlohmann::json arrive{{"verb", "post"}, {"name", "com.morvanel.sprigdial.preferencechanged"}};
+  const std::string touched = menuHost() + " _addTouchedIconView:";
+  const std::string moved = menuHost() + " icon:touchMoved:";
+  home.options().interposed = {touched, moved};
+  home->home();
+  home.device().setSettings({"enabled=false"});
+  home->interpose(touched, {{"do", "perform"}, {"requests", {arrive}}});
+  home->touch(app);
+  home.settings({"enabled=true"});
+  home->perform("showAlertView");
+  EXPECT_TRUE(home.showsAlert());
+  home->tap("Cancel").advance(1);
+  home.device().setSettings({"enabled=false"});
+  home->interpose(moved, {{"do", "perform"}, {"requests", {arrive}}});
+  home.swipeUp(app);
+  EXPECT_FALSE(home.showsAlert());
+}
+
 TEST_P(Swipe, ThePlatformAlwaysGetsTheTouch) {
   for (const auto& pair : {"enabled=true", "enabled=false", "useForce=true"}) {
     home.settings({pair});

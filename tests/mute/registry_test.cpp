@@ -46,7 +46,8 @@ TEST_P(MuteList, IsMadeEmptyAndReadableByAllWhenMissing) {
 }
 
 TEST_P(MuteList, IsLeftAsItIsAtTheStart) {
-  const std::string content = "<plist version='1.0'> <dict><key>entries</key><array/>\n</dict></plist>";
+  const std::string content =
+      "<?xml version='1.0' encoding='UTF-8'?> <plist version='1.0'> <dict><key>entries</key><array/>\n</dict></plist>";
   sim::writeFile(file(), content);
   fs::permissions(file(), fs::perms{0600});
   home->screen();
@@ -347,6 +348,16 @@ TEST_P(MutePruning, IsNotDoneByTheSheet) {
   EXPECT_FALSE(fs::exists(file()));
   reached("com.example.chess");
   EXPECT_EQ(list(), listOf(Json::array()));
+}
+
+TEST_P(MutePruning, ReadsATimeThatIsATextByItsNumber) {
+  store({record(app, "1700005000"), record(other, "-1")});
+  EXPECT_EQ(reached(app), nowhere);
+  EXPECT_EQ(reached(other), nowhere);
+  EXPECT_TRUE(sheetOffers("Unmute"));
+  store({record(app, "1600000000")});
+  home->respring();
+  EXPECT_EQ(reached(app), everyPlace);
 }
 
 TEST_P(MutePruning, TakesARecordWithoutATimeOut) {

@@ -53,6 +53,15 @@ TEST_F(Compiler, TakesBlocksOfAnyResult) {
   expectRefusal(saysOfStatement("const auto* none = makeBlock<int()>([] {}); (void)none;"), "void");
 }
 
+TEST_F(Compiler, RefusesARowWhoseSlotIsOfAnotherMethodsType) {
+  std::string table = *sim::readFile(SOURCE_DIR "/loader/hook_table.cpp");
+  const std::string right = "hook<menu::isDownloadingIcon, &menu::platformIsDownloadingIcon>";
+  const auto place = table.find(right);
+  ASSERT_NE(place, std::string::npos);
+  table.replace(place, right.size(), "hook<menu::isDownloadingIcon, &menu::platformUninstalledByUser>");
+  expectRefusal(saysOf(table), "no matching function");
+}
+
 TEST_F(Compiler, RefusesARowWhoseSelectorDoesNotMatchItsFunction) {
   const std::string table = *sim::readFile(SOURCE_DIR "/loader/hook_table.cpp");
   ASSERT_EQ(saysOf(table), "");

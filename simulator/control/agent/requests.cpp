@@ -361,10 +361,9 @@ json makeIconView(const json& request) {
   const auto initialiser = initialisers.find(textOf(request, "initialiser"));
   if (initialiser == initialisers.end()) throw BadRequest("Icon views are not made so");
   SEL selector = sel_registerName(initialiser->first.c_str());
-  const auto allocated = Ref<objc_object>::adopt(send<id>("SBIconView"_cls, "alloc"_sel));
-  if (!send<BOOL>(allocated, "respondsToSelector:"_sel, selector))
+  if (!send<BOOL>("SBIconView"_cls, "instancesRespondToSelector:"_sel, selector))
     throw BadRequest("This generation's icon views are not made so");
-  views.push_back(Ref<SBIconView>::adopt(initialiser->second(objc_retain(allocated), selector)));
+  views.push_back(Ref<SBIconView>::adopt(initialiser->second(send<id>("SBIconView"_cls, "alloc"_sel), selector)));
   if (!valueOf(request, "label", true)) views.back()->labelView = nullptr;
   send(views.back(), "layoutSubviews"_sel);
   return {};

@@ -38,10 +38,10 @@ struct PostedNotification {
   bool modal = false;
 };
 
-/// The BOOL arguments of one call of a platform's method, as the bytes that arrived.
+/// The arguments of one call of a platform's method that are no objects, as they arrived: of a BOOL the byte.
 struct PassedOn {
   std::string method;
-  std::vector<RawBool> values;
+  std::vector<std::int64_t> values;
 };
 
 struct Home {

@@ -6,12 +6,13 @@
 namespace sim::old {
 
 void SBDashBoardViewController::setInScreenOffMode(RawBool off, RawBool autoUnlock) {
-  home().passedOn.push_back({"setInScreenOffMode:forAutoUnlock:", {off, autoUnlock}});
+  home().passedOn.push_back({"setInScreenOffMode:forAutoUnlock:", {byteOf(off), byteOf(autoUnlock)}});
   home().screenOn = off == RawBool{};
 }
 
-void SBDashBoardViewController::setInScreenOffModeFromSource(RawBool off, RawBool autoUnlock, NSInteger) {
-  home().passedOn.push_back({"setInScreenOffMode:forAutoUnlock:fromUnlockSource:", {off, autoUnlock}});
+void SBDashBoardViewController::setInScreenOffModeFromSource(RawBool off, RawBool autoUnlock, NSInteger source) {
+  home().passedOn.push_back(
+      {"setInScreenOffMode:forAutoUnlock:fromUnlockSource:", {byteOf(off), byteOf(autoUnlock), source}});
   home().screenOn = off == RawBool{};
 }
 

@@ -10,7 +10,7 @@ void SBNotificationBannerDestination::post(NCNotificationRequest* request, id co
   home().posted.push_back(
       {"banner", request->text, textOrNone(coalesced), textOrNone(sourceAction), modal != RawBool{}});
   home().passedOn.push_back(
-      {"_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:", {modal}});
+      {"_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:", {byteOf(modal)}});
   BlockRef{completion}(BOOL{true});
 }
 
