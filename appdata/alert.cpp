@@ -18,8 +18,7 @@ unsigned open() {
   window->setWindowLevel(UIWindowLevelAlert - 1.0);
   window->makeKeyAndVisible();
   window->setRootViewController(UIViewController::make());
-  // Unless another window has come meanwhile, with a root controller of its own.
-  if (alertWindow.holds(window)) alertRootController.set(window->rootViewController());
+  alertRootController.set(window->rootViewController());
   return number;
 }
 

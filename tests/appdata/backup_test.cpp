@@ -494,6 +494,15 @@ TEST_P(Backup, ARoundTripBringsEveryByteBack) {
   EXPECT_EQ(test::filesBelow(data), before);
 }
 
+TEST_P(Backup, IntoAFolderThatMayNotBeEnteredIsNotMade) {
+  fs::create_directories(home.path(store));
+  fs::permissions(home.path(store), fs::perms::owner_read | fs::perms::owner_write);
+  home->perform("backUpData");
+  expectOverlay();
+  EXPECT_FALSE(home.showsAlert());
+  fs::permissions(home.path(store), fs::perms::owner_all);
+}
+
 TEST_P(Backup, OfAFolderThatHasGoneIsNotRestoredFrom) {
   makeArchives({"2020-01-01.00_00_00"});
   home->perform("restoreData");

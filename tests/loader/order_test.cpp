@@ -187,11 +187,16 @@ TEST_P(Order, ARenamedIconReadsItsLabelBeforeTheOthersAreTold) {
 TEST_P(Order, StoredNamesAreShownAgainBeforeTheRenamingDialogComes) {
   home.options().interposed = {"UIWindow makeKeyAndVisible"};
   home.install({});
-  home.rename(app, "Mine");
-  home.openMenu(app);
+  home.storeFromOutside(app, "Mine");
+  home.openMenu(other);
   home->tap("Rename App");
-  home->interpose("UIWindow makeKeyAndVisible",
-                  during({{{"verb", "rescan"}}, {{"verb", "post"}, {"name", "com.morvanel.sprigdial.renamelable"}}}));
+  // An icon that comes while the dialog does.
+  const auto bundle = home.bundle(app).parent_path();
+  const auto elsewhere = home.path("/var/elsewhere");
+  std::filesystem::rename(bundle, elsewhere);
+  home->rescan();
+  std::filesystem::rename(elsewhere, bundle);
+  home->interpose("UIWindow makeKeyAndVisible", during({{{"verb", "rescan"}}}));
   home->advance(1);
   EXPECT_EQ(home.icon(app).label, "Mine");
 }

@@ -132,6 +132,18 @@ TEST_P(MuteList, IsReadOnceByTheReaderOfMutableDictionaries) {
   EXPECT_EQ(read(), 1);
 }
 
+TEST_P(MuteList, IsReadOnceThePlatformHasLaunched) {
+  const std::string launching = "SpringBoard applicationDidFinishLaunching:";
+  home.options().interposed = {launching};
+  mute("Forever");
+  store({forever(other)});
+  home->interpose(launching, {{"do", "raise"}});
+  EXPECT_TRUE(home->raises(
+      "perform", {{"target", "SpringBoard"}, {"selector", "applicationDidFinishLaunching:"}, {"arguments", {0}}}));
+  EXPECT_EQ(reached(app), nowhere);
+  EXPECT_EQ(reached(other), everyPlace);
+}
+
 TEST_P(MuteList, OutlivesARespring) {
   mute("For 15 Minutes");
   mute("Forever", other);

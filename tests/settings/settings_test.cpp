@@ -132,6 +132,7 @@ TEST_P(SettingsReload, HappensWhenTheSettingsPaneSaysSo) {
 }
 
 TEST_P(SettingsReload, GivesAKeyThatIsGoneItsDefaultBack) {
+  home->screen();
   home.settings({"enabled=false"});
   home.settings({"enabled="});
   home.swipeUp("com.example.notes");
