@@ -52,3 +52,11 @@ build() {
   say "Building $preset"
   quietly "Building $preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }
+
+# Lets the tests have their devices in memory, where there is such a place: they make and delete very many files.
+keep_devices_in_memory() {
+  [[ -w /dev/shm ]] || return 0
+  TMPDIR=$(mktemp -d /dev/shm/devices.XXXXXX)
+  export TMPDIR
+  trap 'rm -rf "$TMPDIR"' EXIT
+}

@@ -9,7 +9,7 @@ usage: tools/mutate.sh [--check] [TEXT]
 Applies each defect listed in tools/mutations/ to a copy of the sources under build/mutants, builds the library, runs
 the tests that ought to find the defect until one does, and undoes it. Only the defects whose first line holds TEXT,
 when one is given. Ends with a tally and status 1 when a defect was not found. --check only looks whether every defect
-can be applied. It takes a quarter of a minute a defect.
+can be applied. It takes a second or two a defect.
 
 A defect is written as
 
@@ -77,10 +77,7 @@ try() {
 if [[ -z $check ]]; then
   install_packages
   (cd "$copy" && build pc)
-  # Devices in memory: a run is a matter of making and deleting files.
-  TMPDIR=$(mktemp -d /dev/shm/mutants.XXXXXX)
-  export TMPDIR
-  trap 'rm -rf "$TMPDIR"' EXIT
+  keep_devices_in_memory
 fi
 
 title='' file='' tests='' from='' to=''
