@@ -145,6 +145,20 @@ TEST_P(Caches, TheFolderIsTheOneOfWhenTheQuestionWasAsked) {
   EXPECT_EQ(test::filesBelow(home.container("com.example.notes")), notes);
 }
 
+// A name is a name, whatever it would mean elsewhere.
+TEST_P(Caches, OfAnyNameAreCountedAndCleared) {
+  const std::vector<std::string> names{"C:", "a:b",   "b",   "\\", "\\\\host\\share", "back\\slash",
+                                       "~",  "~root", "-rf", " ",  "a%20b",           "…"};
+  for (const auto& name : names) sim::writeFile(caches() / name, std::string(1 << 20, 'x'));
+  home.addCache(app, "C:folder/a:b", 1 << 20);
+  home.openMenu();
+  const auto title = home.cacheTitle();
+  EXPECT_TRUE(title.starts_with("Clear Caches(" + std::to_string(names.size() + 1))) << title;
+  home->tap(title).tap("YES");
+  EXPECT_EQ(home.alert().message, "Cache cleared successfully");
+  EXPECT_TRUE(fs::is_empty(caches()));
+}
+
 TEST_P(Caches, AFolderThatCannotBeListedIsASuccessToo) {
   ask();
   fs::permissions(caches(), fs::perms::none);

@@ -1,6 +1,7 @@
 #include "simulator/frameworks/foundation/foundation.hpp"
 
 #include "simulator/frameworks/foundation/folder_listing.hpp"
+#include "simulator/frameworks/foundation/paths.hpp"
 #include "simulator/frameworks/foundation/property_list.hpp"
 #include "simulator/frameworks/foundation/property_list_reading.hpp"
 #include "simulator/frameworks/foundation/task.hpp"
@@ -10,9 +11,9 @@
 namespace sim {
 
 void installFoundationAdditions() {
-  static constexpr void (*additions[])() = {defineBlockKeeper,          installUserDefaults,
-                                            installPropertyListReading, installPropertyListWriting,
-                                            installFolderListing,       installTaskWaiting};
+  static constexpr void (*additions[])() = {
+      installPathHandling,        defineBlockKeeper,    installUserDefaults, installPropertyListReading,
+      installPropertyListWriting, installFolderListing, installTaskWaiting};
   for (const auto install : additions) install();
 }
 
