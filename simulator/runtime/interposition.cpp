@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "simulator/frameworks/foundation/exception.hpp"
+#include "simulator/runtime/exception.hpp"
 #include "simulator/runtime/objc.hpp"
 
 extern "C" {

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "simulator/frameworks/foundation/copying.hpp"
-#include "simulator/frameworks/foundation/exception.hpp"
 #include "simulator/frameworks/uikit/UIDevice.hpp"
+#include "simulator/runtime/exception.hpp"
 
 namespace sim {
 

@@ -3,10 +3,10 @@
 #include <cstdio>
 
 #include "platform/dispatch.hpp"
-#include "simulator/frameworks/foundation/exception.hpp"
 #include "simulator/frameworks/uikit/UIAlertController.hpp"
 #include "simulator/frameworks/uikit/UIScreen.hpp"
 #include "simulator/frameworks/uikit/UIWindow.hpp"
+#include "simulator/runtime/exception.hpp"
 
 namespace sim {
 

@@ -1,4 +1,4 @@
-#include "simulator/frameworks/foundation/exception.hpp"
+#include "simulator/runtime/exception.hpp"
 
 #include <cstdlib>
 
