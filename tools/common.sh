@@ -53,9 +53,11 @@ build() {
   quietly "Building $preset" cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
-# Lets the tests have their devices in memory, where there is such a place: they make and delete very many files.
+# Lets the tests have their devices in memory, where there is room: they make and delete very many files.
 keep_devices_in_memory() {
-  [[ -w /dev/shm ]] || return 0
+  local needed=1000000 room  # KiB
+  room=$(df --output=avail -k /dev/shm 2>/dev/null | tail -n 1)
+  [[ -w /dev/shm ]] && ((room >= needed)) || return 0
   TMPDIR=$(mktemp -d /dev/shm/devices.XXXXXX)
   export TMPDIR
   trap 'rm -rf "$TMPDIR"' EXIT
