@@ -82,9 +82,24 @@ TEST_P(HostileFiles, WebClipsAndDamagedBundlesBesideApplications) {
   EXPECT_TRUE(home.showsAlert());
 }
 
-TEST_P(HostileFiles, AddedMethodsDoNothingWithoutAnApplication) {
-  home->perform("showAlertView");
-  home->lock();
-  home->unlock();
-  EXPECT_TRUE(home.screen().windows.empty());
+// Nobody sends them before an icon was touched; whoever does brings nothing down and changes no file but its own.
+TEST_P(HostileFiles, AddedMethodsWithoutAnApplicationBringNothingDown) {
+  home.screen();  // starting up makes a file of its own
+  auto before = test::filesBelow(home.device().root() / "var");
+  for (const auto* method : {"showAlertView", "clearBadges", "setBadges", "clearCaches", "clearCachesSucces",
+                             "deleteBackUp", "deleteBackUpSucces", "backUpData", "backUpDataSucces", "restoreData",
+                             "restoreDataSucces", "resetAppData", "resetAppDataSucces", "openInFilzaApp",
+                             "openInFilzaData", "muteNotifications", "openApps", "showLoadingView"}) {
+    SCOPED_TRACE(method);
+    home->perform(method);
+    for (const auto* button : {"YES", "Apply", "OK"})
+      if (home.showsAlert() && home.hasButton(button)) home->tap(button);
+    home->lock().unlock().advance(1);
+    EXPECT_TRUE(home.screen().windows.empty());
+  }
+  EXPECT_TRUE(home->launches().empty());
+  auto after = test::filesBelow(home.device().root() / "var");
+  std::erase_if(after, [&](const auto& file) { return file.first.find("Documents/Sprigdial") != std::string::npos; });
+  std::erase_if(before, [&](const auto& file) { return file.first.find("Documents/Sprigdial") != std::string::npos; });
+  EXPECT_EQ(after, before);
 }
