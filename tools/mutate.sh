@@ -36,6 +36,9 @@ copy=$PWD/build/mutants
 while IFS= read -r path; do
   [[ ! -f $path ]] || cmp -s "$path" "$copy/$path" || install -D "$path" "$copy/$path"
 done < <(git ls-files --cached --others --exclude-standard)
+while IFS= read -r path; do
+  [[ -f $path ]] || rm "$copy/$path"
+done < <(find "$copy" -path "$copy/build" -prune -o -type f -printf '%P\n')
 
 # Puts one text in another's place; fails unless it stands there exactly once.
 replace() {
