@@ -6,12 +6,12 @@
 namespace sim {
 namespace {
 
-// What the bytes hold, in mutable containers, as the readers of mutable collections promise. Some damaged bytes
-// make Foundation here raise, where a phone's gives nil.
+// What the bytes hold, in immutable containers: only the outermost one becomes as mutable as its reader promises.
+// Some damaged bytes make Foundation here raise, where a phone's gives nil.
 id propertyList(id data) try {
-  constexpr NSUInteger mutableContainers = 1;
-  return send<id>("NSPropertyListSerialization"_cls, "propertyListWithData:options:format:error:"_sel, data,
-                  mutableContainers, static_cast<void*>(nullptr), static_cast<void*>(nullptr));
+  constexpr NSUInteger immutable = 0;
+  return send<id>("NSPropertyListSerialization"_cls, "propertyListWithData:options:format:error:"_sel, data, immutable,
+                  static_cast<void*>(nullptr), static_cast<void*>(nullptr));
 } catch (...) {
   return nullptr;
 }
