@@ -44,7 +44,13 @@ const std::map<std::string, Form> forms{
     {"SecondDeclaration", xml([](auto& root) { return declaration8 + "\n" + declaration8 + root; })},
     {"ProcessingInstruction", xml([](auto& root) { return "<?by hand?>" + declaration8 + "<?again?>" + root; })},
     {"InstructionBeforeDocumentType",
-     xml([](auto& root) { return "<?by hand?><!DOCTYPE plist [<!ELEMENT a (b)>]>" + root; })},
+     xml([](auto& root) { return " <?by hand?><!DOCTYPE plist [<!ELEMENT a (b)>]>" + root; })},
+    {"LiteralText",
+     {declaration8 + plist("<dict><!-- <![CDATA[ --><key><![CDATA[enabled]]></key><false/></dict>"),
+      declaration8 + plist("<dict><key>com.example.test</key><string>N<![CDATA[e]]>w</string></dict>")}},
+    {"NoPlistElement",
+     {declaration8 + "<dict><key>enabled</key><false/></dict>",
+      "<dict><key>com.example.test</key><string>New</string></dict>"}},
     {"SingleQuotes", {"{ 'enabled' = '0'; }", "{ 'com.example.test' = 'New'; }"}},
     {"NoBraces", {"enabled = 0; other = \"x\";", "com.example.test = New; other = \"x\";"}},
     {"NoBracesButComments",
@@ -60,6 +66,8 @@ const std::map<std::string, std::string> damaged{
     {"UnfinishedComment", "<!-- " + renamed},
     {"UnfinishedInstruction", "<?xml " + renamed},
     {"UnfinishedDocumentType", "<!DOCTYPE plist [" + renamed},
+    {"UnfinishedLiteralText", "<dict><key>com.example.test</key><string><![CDATA[New</string></dict>"},
+    {"UnfinishedElement", "<dict><key>com.example.test</key><string>New</string>"},
     {"TextFirst", "text" + renamed},
     {"NoSemicolon", "com.example.test = New"},
     {"NoValue", "{ com.example.test = ; }"},
@@ -128,6 +136,12 @@ TEST_P(WrittenMark, OfAName) {
     sim::writeFile(home.settingsFile(), content);
     EXPECT_EQ(home.icon(app).label, mark8 + "New") << content;
   }
+}
+
+TEST_P(WrittenMark, IsNotNamedByLiteralText) {
+  sim::writeFile(home.settingsFile(), declaration8 + plist("<dict><key>" + app +
+                                                           "</key><string><![CDATA[<a> & &#xFEFF;]]></string></dict>"));
+  EXPECT_EQ(home.icon(app).label, "<a> & &#xFEFF;");
 }
 
 TEST_P(WrittenMark, OfAKeyMakesItAnother) {

@@ -45,6 +45,33 @@ std::size_t rootOf(std::u16string_view xml) {
   return nowhere;
 }
 
+// Sections of literal text become text like any other: Foundation here drops them.
+std::u16string withPlainSections(std::u16string_view xml) {
+  constexpr std::u16string_view opening = u"<![CDATA[";
+  constexpr std::u16string_view closing = u"]]>";
+  std::u16string plain;
+  std::size_t position = 0;
+  for (std::size_t found = 0; (found = xml.find(u"<!", position)) != nowhere;) {
+    const bool isSection = xml.substr(found).starts_with(opening);
+    const std::size_t end = behind(xml, isSection ? closing : u"-->", found);
+    if (end == nowhere) break;
+    plain += xml.substr(position, (isSection ? found : end) - position);
+    position = end;
+    if (!isSection) continue;
+    for (const char16_t c : xml.substr(found, end - closing.size() - found).substr(opening.size()))
+      if (c == u'&') plain += u"&amp;";
+      else if (c == u'<') plain += u"&lt;";
+      else if (c == u'>') plain += u"&gt;";
+      else plain += c;
+  }
+  return plain += xml.substr(position);
+}
+
+// The root's own element may be left out around what it holds.
+std::u16string withPlistElement(const std::u16string& root) {
+  return root.starts_with(u"<plist") ? root : u"<plist version=\"1.0\">" + root + u"</plist>";
+}
+
 // A character of private use that the text does not hold.
 char16_t standInFor(const std::u16string& xml) {
   for (char16_t candidate = u'\ue000'; candidate <= u'\uf8ff'; ++candidate)
@@ -115,7 +142,7 @@ id foundationPropertyList(id data) {
 id readXMLPropertyList(const std::u16string& xml) {
   const std::size_t root = rootOf(xml);
   if (root == nowhere) return nullptr;
-  std::u16string list = withPlainMarks(xml.substr(root));
+  std::u16string list = withPlistElement(withPlainMarks(withPlainSections(std::u16string_view(xml).substr(root))));
   if (list.find(byteOrderMark) == std::u16string::npos) return parsed(list);
   // Foundation here takes the mark at the beginning of any text for a sign of its encoding, and drops it.
   const char16_t standIn = standInFor(list);
