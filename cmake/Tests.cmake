@@ -15,6 +15,10 @@ add_executable(settings-probe tests/settings/settings_probe.cpp)
 target_link_libraries(settings-probe PRIVATE settings_room)
 link_home_screen_process(settings-probe)
 
+# What the readers of property lists give, printed.
+add_executable(property-list-probe tests/platform/property_list_probe.cpp)
+link_home_screen_process(property-list-probe)
+
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS tests/*_test.cpp tests/support/*.cpp)
 if(SANITIZE)
   # What the files are made of is asked of the builds that are used.
@@ -26,7 +30,7 @@ target_compile_definitions(sprigdial-tests PRIVATE
   SOURCE_DIR="${PROJECT_SOURCE_DIR}" BUILD_DIR="${CMAKE_BINARY_DIR}" DRIVER="$<TARGET_FILE:home-screen>"
   MINIMAL_HOST="$<TARGET_FILE:minimal-host>"
   PC_LIBRARY="$<TARGET_FILE:Sprigdial>" DEVICE_LIBRARY="${PROJECT_SOURCE_DIR}/build/device/Sprigdial.dylib")
-add_dependencies(sprigdial-tests SpringBoard home-screen minimal-host settings-probe Sprigdial-unoptimised)
+add_dependencies(sprigdial-tests SpringBoard home-screen minimal-host settings-probe property-list-probe Sprigdial-unoptimised)
 
 include(GoogleTest)
 # What the runtime and Foundation keep for the life of a process is no leak.

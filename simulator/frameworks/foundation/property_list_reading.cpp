@@ -1,17 +1,41 @@
 #include "simulator/frameworks/foundation/property_list_reading.hpp"
 
+#include <algorithm>
+#include <cctype>
+#include <string_view>
+
+#include "simulator/frameworks/foundation/property_list_old_style.hpp"
+#include "simulator/frameworks/foundation/property_list_text.hpp"
+#include "simulator/frameworks/foundation/property_list_xml.hpp"
 #include "simulator/runtime/encoding.hpp"
 #include "simulator/runtime/objc.hpp"
 
 namespace sim {
 namespace {
 
-// What the bytes hold, in mutable containers, as the readers of mutable collections promise. Some damaged bytes
-// make Foundation here raise, where a phone's gives nil.
+// XML in one of the old encodings that only the XML parser knows.
+bool namesAnotherEncoding(std::string_view bytes) {
+  if (!bytes.starts_with("<?xml")) return false;
+  const std::string_view declaration = bytes.substr(0, bytes.find("?>"));
+  const std::size_t attribute = declaration.find("encoding");
+  if (attribute == std::string_view::npos) return false;
+  const std::size_t opening = declaration.find_first_of("\"'", attribute);
+  if (opening == std::string_view::npos) return true;
+  const std::string_view name =
+      declaration.substr(opening + 1, declaration.find(declaration[opening], opening + 1) - opening - 1);
+  return !std::ranges::equal(name, std::string_view("utf-8"), {}, [](unsigned char c) { return std::tolower(c); });
+}
+
+// What the bytes hold, in immutable containers. Some damaged bytes make Foundation here raise, where a phone's gives
+// nil.
 id propertyList(id data) try {
-  constexpr NSUInteger mutableContainers = 1;
-  return send<id>("NSPropertyListSerialization"_cls, "propertyListWithData:options:format:error:"_sel, data,
-                  mutableContainers, static_cast<void*>(nullptr), static_cast<void*>(nullptr));
+  const std::string_view bytes(send<const char*>(data, "bytes"_sel), send<NSUInteger>(data, "length"_sel));
+  if (bytes.starts_with("bplist") || namesAnotherEncoding(bytes)) return foundationPropertyList(data);
+  const auto characters = charactersOf(bytes);
+  if (!characters) return nullptr;
+  const std::size_t first = afterSpace(*characters, 0);
+  const bool isXML = first != std::u16string::npos && (*characters)[first] == u'<';
+  return isXML ? readXMLPropertyList(*characters) : readOldStylePropertyList(*characters);
 } catch (...) {
   return nullptr;
 }
