@@ -2,9 +2,11 @@
 
 #include "state/target.hpp"
 
-SBApplication* targetApplication() {
-  return kept(SBApplicationController::sharedInstance()->application(currentBundleIdentifier.get()));
+SBApplication* applicationWith(const NSString* bundleIdentifier) {
+  return kept(SBApplicationController::sharedInstance()->application(bundleIdentifier));
 }
+
+SBApplication* targetApplication() { return applicationWith(currentBundleIdentifier.get()); }
 
 NSString* nameOf(const SBApplication* application) { return formatted(application->displayName()); }
 
@@ -18,7 +20,7 @@ NSString* bundleTextOf(const SBApplicationInfo* info) {
 
 DataContainer lookUpDataContainer() {
   NSString* identifier = currentBundleIdentifier.get();
-  const SBApplication* application = kept(SBApplicationController::sharedInstance()->application(identifier));
+  const SBApplication* application = applicationWith(identifier);
   NSString* title = nameOf(application);
   return {identifier, title, dataFolderOf(application->info())};
 }

@@ -3,8 +3,10 @@
 
 #include "platform/HomeScreen.hpp"
 
-/// The application whose bundle identifier is the current one; nil when the home screen knows none. It stays until the
-/// surrounding pool drains, even if it is removed meanwhile.
+/// The application of that bundle identifier; nil when the home screen knows none. It stays until the surrounding pool
+/// drains, even if it is removed meanwhile.
+SBApplication* applicationWith(const NSString* bundleIdentifier);
+/// The one whose bundle identifier is the current one.
 SBApplication* targetApplication();
 /// The name that sheets and alerts are titled with; the text "(null)" when there is none.
 NSString* nameOf(const SBApplication* application);

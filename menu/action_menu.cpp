@@ -146,7 +146,7 @@ void showAlertView(MenuHost* host, SEL) {
   const Choice choice{host, kept(Generation::current().icon(host, bundleIdentifier))};
   currentBadge.set(choice.icon->badgeNumberOrString());
 
-  const SBApplication* application = kept(SBApplicationController::sharedInstance()->application(bundleIdentifier));
+  const SBApplication* application = applicationWith(bundleIdentifier);
   const SBApplicationInfo* info = kept(application->info());
   NSString* bundle = bundleTextOf(info);
   if (bundle == nullptr) return;
