@@ -1,5 +1,6 @@
 #include "simulator/frameworks/foundation/foundation.hpp"
 
+#include "simulator/frameworks/foundation/file_names.hpp"
 #include "simulator/frameworks/foundation/folder_listing.hpp"
 #include "simulator/frameworks/foundation/paths.hpp"
 #include "simulator/frameworks/foundation/property_list.hpp"
@@ -12,8 +13,8 @@ namespace sim {
 
 void installFoundationAdditions() {
   static constexpr void (*additions[])() = {
-      installPathHandling,        defineBlockKeeper,    installUserDefaults, installPropertyListReading,
-      installPropertyListWriting, installFolderListing, installTaskWaiting};
+      installPathHandling,        installFileNames,           defineBlockClasses,   installUserDefaults,
+      installPropertyListReading, installPropertyListWriting, installFolderListing, installTaskWaiting};
   for (const auto install : additions) install();
 }
 
