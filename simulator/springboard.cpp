@@ -17,6 +17,7 @@
 
 #include "simulator/control/agent/agent.hpp"
 #include "simulator/device/clock.hpp"
+#include "simulator/frameworks/core_foundation/preferences.hpp"
 #include "simulator/frameworks/core_foundation/version.hpp"
 #include "simulator/frameworks/foundation/foundation.hpp"
 #include "simulator/frameworks/uikit/UIDevice.hpp"
@@ -41,6 +42,7 @@ struct Options {
   bool live = false;
   std::vector<std::string> interposed;  // methods
   std::string library;
+  bool resumePreferences = false;
 };
 
 double number(const char* text) {
@@ -49,6 +51,13 @@ double number(const char* text) {
   if (end == text || *end != '\0' || !std::isfinite(value))
     throw std::invalid_argument(std::string("\"") + text + "\" is no number");
   return value;
+}
+
+double time(const char* text) {
+  const double seconds = number(text);
+  if (!sim::clock::canStandAt(seconds))
+    throw std::invalid_argument(std::string("the clock cannot stand at \"") + text + "\": it goes from 1970 to 2223");
+  return seconds;
 }
 
 sim::Generation generation(const std::string& name) {
@@ -68,10 +77,11 @@ constexpr OptionRow optionRows[] = {
     {"generation", required_argument, [](Options& o, const char* value) { o.generation = generation(value); }},
     {"core-version", required_argument, [](Options& o, const char* value) { o.coreVersion = number(value); }},
     {"tablet", no_argument, [](Options& o, const char*) { o.tablet = true; }},
-    {"clock", required_argument, [](Options& o, const char* value) { o.clock = number(value); }},
+    {"clock", required_argument, [](Options& o, const char* value) { o.clock = time(value); }},
     {"live", no_argument, [](Options& o, const char*) { o.live = true; }},
     {"interpose", required_argument, [](Options& o, const char* value) { o.interposed.emplace_back(value); }},
     {"library", required_argument, [](Options& o, const char* value) { o.library = value; }},
+    {"resume-preferences", no_argument, [](Options& o, const char*) { o.resumePreferences = true; }},
 };
 
 Options parse(int count, char** arguments) {
@@ -114,6 +124,7 @@ void startUp(const Options& options) {
   sim::setCoreFoundationVersion(
       options.coreVersion.value_or(options.generation == sim::Generation::old ? 1575.17 : 1665.15));
   sim::installFoundationAdditions();
+  if (options.resumePreferences) sim::resumePreferences();
   sim::defineUIKit();
   sim::setIdiom(options.tablet ? sim::UIUserInterfaceIdiom::pad : sim::UIUserInterfaceIdiom::phone);
   sim::defineHomeScreenClasses();
