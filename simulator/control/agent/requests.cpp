@@ -129,15 +129,34 @@ json animations(const json& request) {
 
 json setClock(const json& request) {
   const double seconds = request.at("seconds").get<double>();
-  if (!(seconds >= 0 && seconds < lastMoment)) throw BadRequest("There is no such time on this clock");
+  if (!clock::canStandAt(seconds)) throw BadRequest("There is no such time on this clock");
   clock::set(clock::time(seconds));
   return {};
 }
 
-json typeText(const json& request) {
+UITextField* requireTextField() {
   UIAlertController* alert = requireAlert();
   if (alert->textFields.empty()) throw BadRequest("The sheet or alert has no text field");
-  send(alert->textFields.front(), "setText:"_sel, ns(textOf(request, "text")));
+  return alert->textFields.front();
+}
+
+json typeText(const json& request) {
+  const std::string typed = textOf(request, "text");
+  UITextField* field = requireTextField();
+  if (!field->hasKeysFor(typed)) throw BadRequest("The number pad has digits only: \"" + typed + "\" can be pasted");
+  field->typeOver(typed);
+  return {};
+}
+
+json pasteText(const json& request) {
+  requireTextField()->replaceAll(ns(textOf(request, "text")));
+  return {};
+}
+
+json clearText(const json&) {
+  UITextField* field = requireTextField();
+  if (!field->showsClearButton()) throw BadRequest("The text field shows no clear button");
+  field->tapClearButton();
   return {};
 }
 
@@ -205,6 +224,8 @@ json advance(const json& request) {
 
 json now(const json&) { return static_cast<double>(static_cast<long double>(clock::now()) / second); }
 
+json uptime(const json&) { return static_cast<double>(clock::passed() / second); }
+
 json pasteboard(const json&) {
   const UIPasteboard* board = generalPasteboard();
   if (!board->type) return {};
@@ -213,11 +234,29 @@ json pasteboard(const json&) {
 
 json preferencesDomain(const json& request) {
   const std::string domain = textOf(request, "domain");
-  id values = preferences(domain);
+  id values = valueOf(request, "read", false) ? readPreferences(domain) : heldPreferences(domain);
   if (values == nullptr) return {};
   const auto xml = xmlPropertyList(values);
   if (!xml) throw BadRequest("The preferences domain \"" + domain + "\" holds what no property list can");
   return *xml;
+}
+
+id settingOf(const json& value) {
+  if (value.is_boolean()) return send<id>("NSNumber"_cls, "numberWithBool:"_sel, BOOL{value.get<bool>()});
+  if (value.is_number_integer())
+    return send<id>("NSNumber"_cls, "numberWithLongLong:"_sel, static_cast<long long>(value.get<std::int64_t>()));
+  if (value.is_number()) return send<id>("NSNumber"_cls, "numberWithDouble:"_sel, value.get<double>());
+  return ns(value.get<std::string>());
+}
+
+json changePreferences(const json& request) {
+  id values = send<id>("NSMutableDictionary"_cls, "dictionary"_sel);
+  std::vector<std::string> removed;
+  for (const auto& [key, value] : request.at("values").items())
+    if (value.is_null()) removed.push_back(key);
+    else send(values, "setObject:forKey:"_sel, settingOf(value), ns(key));
+  setPreferences(textOf(request, "domain"), values, removed);
+  return {};
 }
 
 json urls(const json&) {
@@ -238,7 +277,7 @@ json launches(const json&) {
 }
 
 json calls(const json& request) {
-  static constexpr const char* kinds[] = {"hook", "add", "observe", "send", "post"};
+  static constexpr const char* kinds[] = {"hook", "add", "observe", "send", "post", "missing"};
   if (request.contains("messages")) logMessages(request["messages"].get<bool>());
   json list = json::array();
   for (const Call& call : callLog())
@@ -408,6 +447,8 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"choose", choose},
     {"tap", tapButton},
     {"type", typeText},
+    {"paste", pasteText},
+    {"clear", clearText},
     {"launch", onIcon<gestures::launch>},
     {"home", gesture<gestures::pressHome>},
     {"edit", edit},
@@ -424,8 +465,11 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"setClock", setClock},
     {"animations", animations},
     {"now", now},
+    {"uptime", uptime},
     {"pasteboard", pasteboard},
     {"preferences", preferencesDomain},
+    {"setPreferences", changePreferences},
+    {"flush", gesture<flushPreferences>},
     {"urls", urls},
     {"launches", launches},
     {"calls", calls},
