@@ -23,6 +23,7 @@
 #include "simulator/frameworks/uikit/uikit.hpp"
 #include "simulator/homescreen/common/classes.hpp"
 #include "simulator/homescreen/common/home.hpp"
+#include "simulator/homescreen/common/measures.hpp"
 #include "simulator/runtime/interposition.hpp"
 #include "simulator/runtime/library.hpp"
 #include "simulator/runtime/main_queue.hpp"
@@ -116,6 +117,7 @@ void startUp(const Options& options) {
   sim::installFoundationAdditions();
   sim::defineUIKit();
   sim::setIdiom(options.tablet ? sim::UIUserInterfaceIdiom::pad : sim::UIUserInterfaceIdiom::phone);
+  sim::setScreen(sim::measures().screens[0], sim::measures().screens[1]);
   sim::defineHomeScreenClasses();
   for (const auto& method : options.interposed) sim::interpose(method);
   if (!options.library.empty()) sim::mapLibrary(options.library);

@@ -32,6 +32,8 @@ std::optional<std::int64_t> runTimers() {
   return static_cast<std::int64_t>(microseconds) * 1000;
 }
 
+void (*endOfTurn)() = [] {};
+
 }  // namespace
 
 std::optional<std::int64_t> nextDueTime() {
@@ -41,12 +43,14 @@ std::optional<std::int64_t> nextDueTime() {
   return timer ? std::min(*timer, block) : block;
 }
 
+void atEndOfTurn(void (*work)()) { endOfTurn = work; }
+
 void runDueWork() {
   while (true) {
     AutoreleasePool pool;
     runTimers();
     auto first = waiting().begin();
-    if (first == waiting().end() || first->first > clock::now()) return;
+    if (first == waiting().end() || first->first > clock::now()) return endOfTurn();
     const BlockRef block = first->second;
     waiting().erase(first);
     block();

@@ -195,7 +195,7 @@ TEST_P(ActionMenu, StandsInAWindowJustBelowTheSystemsAlerts) {
   ASSERT_EQ(windows.size(), 1U);
   EXPECT_EQ(windows[0].level, 1999);
   EXPECT_TRUE(windows[0].key);
-  EXPECT_EQ(windows[0].frame, (sim::Frame{0, 0, 375, 667}));
+  EXPECT_EQ(windows[0].frame, bounds());
 }
 
 TEST_P(ActionMenu, ReplacesTheWindowOfTheLast) {

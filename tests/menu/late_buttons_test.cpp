@@ -155,7 +155,7 @@ TEST_P(LateButtons, OfTheRenamingDialogLeaveTheOverlayAlone) {
   home.openRenameDialog(app);
   home->tapLate("Apply").perform("showLoadingView").finishTap();
   ASSERT_EQ(home.screen().windows.size(), 1U);
-  EXPECT_EQ(home.screen().windows[0].background, "0,0.2");
+  EXPECT_EQ(home.screen().windows[0].background, (sim::Color{0, 0, 0, 0.2}));
 }
 
 TEST_P(LateButtons, OfTheMenuKeepTheirIcon) {

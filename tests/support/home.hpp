@@ -102,6 +102,8 @@ class Generations : public testing::TestWithParam<sim::Generation> {
  protected:
   Home home{GetParam()};
   bool isOld() const { return GetParam() == sim::Generation::old; }
+  /// A phone's screen, held upright.
+  sim::Frame bounds() const { return {0, 0, 375, isOld() ? 667.0 : 812.0}; }
   std::string menuHost() const { return isOld() ? "SBIconController" : "SBHIconManager"; }
 };
 class OldGeneration : public testing::Test {

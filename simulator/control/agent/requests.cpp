@@ -20,6 +20,7 @@
 #include "simulator/homescreen/common/gestures.hpp"
 #include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/common/icons.hpp"
+#include "simulator/homescreen/common/touches.hpp"
 #include "simulator/runtime/blocks.hpp"
 #include "simulator/runtime/call_log.hpp"
 #include "simulator/runtime/class_description.hpp"
@@ -73,28 +74,20 @@ json gesture(const json&) {
 
 json screen(const json&) { return readScreen(); }
 
-json swipe(const json& request) {
+std::vector<CGPoint> samplesOf(const json& request) {
   std::vector<CGPoint> samples;
   for (const json& sample : request.at("samples")) samples.push_back({sample.at(0), sample.at(1)});
-  gestures::swipe(textOf(request, "id"), samples);
+  return samples;
+}
+
+json swipe(const json& request) {
+  gestures::swipe(textOf(request, "id"), samplesOf(request));
   return {};
 }
 
 json choose(const json& request) {
   gestures::choose(textOf(request, "title"));
   return {};
-}
-
-UIAlertController* requireAlert() {
-  UIAlertController* alert = topAlert();
-  if (alert == nullptr) throw BadRequest("The topmost window shows no sheet or alert");
-  return alert;
-}
-
-UIAlertAction* requireButton(UIAlertController* alert, const std::string& title) {
-  for (UIAlertAction* action : alert->actions)
-    if (text(action->title) == title) return action;
-  throw BadRequest("The sheet or alert has no button \"" + title + "\"");
 }
 
 // The taps whose handlers have not run yet, in their order.
@@ -104,8 +97,7 @@ std::deque<PendingTap>& pendingTaps() {
 }
 
 json tapButton(const json& request) {
-  UIAlertController* alert = requireAlert();
-  UIAlertAction* action = requireButton(alert, textOf(request, "title"));
+  const auto [alert, action] = touches::requireButton(textOf(request, "title"));
   if (valueOf(request, "late", false)) pendingTaps().push_back(press(alert, action));
   else tap(alert, action);
   return {};
@@ -120,9 +112,28 @@ json finishTap(const json&) {
 }
 
 json typeText(const json& request) {
-  UIAlertController* alert = requireAlert();
-  if (alert->textFields.empty()) throw BadRequest("The sheet or alert has no text field");
-  send(alert->textFields.front(), "setText:"_sel, ns(textOf(request, "text")));
+  send(touches::requireFocus(), "setText:"_sel, ns(textOf(request, "text")));
+  return {};
+}
+
+CGPoint pointOf(const json& request) { return {request.at("x").get<double>(), request.at("y").get<double>()}; }
+
+json touchAt(const json& request) {
+  gestures::touchAt(pointOf(request));
+  return {};
+}
+
+json drag(const json& request) {
+  gestures::drag(pointOf(request), samplesOf(request));
+  return {};
+}
+
+json rotate(const json& request) {
+  static const std::map<std::string, Orientation> known = {{"portrait", Orientation::portrait},
+                                                           {"landscape", Orientation::landscape}};
+  const auto held = known.find(textOf(request, "to"));
+  if (held == known.end()) throw BadRequest("The device is turned to \"portrait\" or to \"landscape\"");
+  gestures::rotate(held->second);
   return {};
 }
 
@@ -394,6 +405,10 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"type", typeText},
     {"launch", onIcon<gestures::launch>},
     {"home", gesture<gestures::pressHome>},
+    {"touch-at", touchAt},
+    {"drag", drag},
+    {"switcher", gesture<gestures::openSwitcher>},
+    {"rotate", rotate},
     {"edit", edit},
     {"lock", gesture<gestures::lock>},
     {"unlock", gesture<gestures::unlock>},

@@ -21,7 +21,17 @@ struct UITextField : UIView {
   id textOrEmpty();
   void setText(id text);
   void setPlaceholder(id placeholder);
+
+  ~UITextField();
+  /// What is typed goes into this field from now on, until another takes over, it resigns, or it goes. NO for a field
+  /// that is in no window.
+  BOOL becomeFirstResponder();
+  BOOL resignFirstResponder();
+  BOOL isFirstResponder() const;
 };
+
+/// The field that what is typed goes into, of the key window; nil while there is none.
+UITextField* focusedField();
 
 /// Defines the class and the protocol `UITextFieldDelegate`.
 void defineUITextField();

@@ -4,6 +4,7 @@
 
 #include "platform/dispatch.hpp"
 #include "simulator/frameworks/uikit/UIAlertController.hpp"
+#include "simulator/frameworks/uikit/UIPresentation.hpp"
 #include "simulator/frameworks/uikit/UIScreen.hpp"
 #include "simulator/frameworks/uikit/UIWindow.hpp"
 #include "simulator/runtime/exception.hpp"
@@ -13,6 +14,7 @@ namespace sim {
 UIViewController::~UIViewController() {
   if (!presentedViewController) return;
   presentedViewController->presentingViewController = nullptr;
+  removePresented(presentedViewController);
   leftScreen(presentedViewController);
 }
 
@@ -55,6 +57,7 @@ void UIViewController::presentViewController(UIViewController* controller, bool 
   presentedViewController = controller;
   controller->presentingViewController = this;
   send(controller, "viewWillAppear:"_sel, animated);
+  showPresented(controller);
   dispatch::afterOnMain(0, [shown = presentedViewController, animated, block = BlockRef(completion)] {
     send(shown.get(), "viewDidAppear:"_sel, animated);
     block();
@@ -69,6 +72,7 @@ void UIViewController::dismissViewController(bool animated, const BlockLiteral* 
   const Ref<UIViewController> leaving = presentedViewController;
   leaving->presentingViewController = nullptr;
   presentedViewController = nullptr;
+  removePresented(leaving);
   send(leaving.get(), "viewWillDisappear:"_sel, animated);
   dispatch::afterOnMain(0, [leaving, animated, block = BlockRef(completion)] {
     send(leaving.get(), "viewDidDisappear:"_sel, animated);
