@@ -56,7 +56,7 @@ class Muting : public Generations {
 
   /// Opens the sheet as the menu does.
   void openSheet(const std::string& id = app) {
-    home->touch(id);
+    home.touchInSpite(id);
     home->perform("muteNotifications");
   }
   void mute(const std::string& title, const std::string& id = app) {

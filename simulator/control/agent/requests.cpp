@@ -324,7 +324,9 @@ json performSelector(const json& request) {
   if (!send<BOOL>(target, "respondsToSelector:"_sel, selector))
     throw BadRequest(std::string("A \"") + class_getName(object_getClass(target)) + "\" does not answer \"" + name +
                      "\"");
-  const auto arguments = argumentsOf(request);
+  auto arguments = argumentsOf(request);
+  if (request.contains("view"))
+    arguments[0] = reinterpret_cast<std::int64_t>(viewOf(requireIcon(textOf(request, "view"))));
   // What a method without a result leaves in the register means nothing.
   const auto result = send<std::uint64_t>(target, selector, arguments[0], arguments[1], arguments[2], arguments[3],
                                           arguments[4], arguments[5]);

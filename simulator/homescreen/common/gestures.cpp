@@ -32,6 +32,7 @@ void putFingerOn(SBIcon* icon) { send(platformActions().menuHost(), "_addTouched
 // The icon, and the point where a finger reaches it.
 std::pair<SBIcon*, CGPoint> reachIcon(const std::string& name) {
   SBIcon* icon = requireIcon(name);
+  updateWindows();
   return {icon, touches::reach(viewOf(icon), name)};
 }
 

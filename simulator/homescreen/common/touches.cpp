@@ -44,7 +44,6 @@ UIView* touched(CGPoint onScreen) {
 }
 
 CGPoint reach(UIView* view, const std::string& name) {
-  updateWindows();
   requireScreenOn(quoted(name) + " cannot be touched");
   // Whole points, so that what a finger travels is exactly what was asked for.
   const CGPoint exact = middle(view->onScreen());
@@ -57,6 +56,7 @@ CGPoint reach(UIView* view, const std::string& name) {
 }
 
 Button requireButton(const std::string& title) {
+  updateWindows();
   const auto alerts = alertsFromTheTop();
   if (alerts.empty()) throw BadRequest("The topmost window shows no sheet or alert");
   for (UIAlertController* alert : alerts)

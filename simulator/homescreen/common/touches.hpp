@@ -15,8 +15,8 @@ struct Covered : BadRequest {
   using BadRequest::BadRequest;
 };
 
-/// The middle of the view, on the screen. Throws `Covered` when a finger there would come down on something else than
-/// the view and what is in it; `name` is what the person calls it.
+/// The middle of the view, on the screen, with the windows as they are. Throws `Covered` when a finger there would come
+/// down on something else than the view and what is in it; `name` is what the person calls it.
 CGPoint reach(UIView* view, const std::string& name);
 
 /// The view there, whatever it is. Throws `Covered` while the screen is off, and `BadRequest` outside it.

@@ -222,7 +222,8 @@ std::string nameOf(const UIWindow* window) {
   }
   if (isKeyboardWindow(window)) return "the keyboard";
   const UIAlertController* alert = alertIn(window);
-  return alert != nullptr ? nameOfAlert(alert) : "the overlay";
+  if (alert != nullptr) return nameOfAlert(alert);
+  return window->backgroundColor ? "the overlay" : "an empty window";
 }
 
 void defineSystemWindows() {
