@@ -267,7 +267,7 @@ TEST_P(Measures, ABannerHangsBelowTheStatusBar) {
   home->notify(notes, "first").notify("com.example.mail", "second");
   const auto banners = viewsOf(home.screen(), "NCNotificationView");
   ASSERT_EQ(banners.size(), 2U);
-  EXPECT_EQ(banners[1].frame, (Frame{8, statusBar(), 375 - 16, 64}));
+  EXPECT_EQ(banners[1].frame, (Frame{8, statusBar(), 375 - 16, 94}));
   EXPECT_EQ(banners[1].view.identifier, "com.example.mail");
   EXPECT_EQ(caption(banners[1]), "second");
 }

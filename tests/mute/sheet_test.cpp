@@ -97,7 +97,7 @@ TEST_P(MuteSheet, CancelChangesNothing) {
 
 TEST_P(MuteSheet, AChoiceIsForTheApplicationThatItWasOpenedFor) {
   openSheet();
-  home->touch(other);
+  home.touchInSpite(other);
   home->tap("Forever");
   EXPECT_EQ(list(), listOf({forever(app)}));
 }

@@ -14,7 +14,7 @@ constexpr Measures oldPhone = {
     .dockColumns = 4,
     .quickActionWidth = 266,
     .quickActionRow = 62,
-    .banner = 64,
+    .banner = 94,
 };
 
 constexpr Measures newPhone = {
@@ -25,7 +25,7 @@ constexpr Measures newPhone = {
     .dockColumns = 4,
     .quickActionWidth = 250,
     .quickActionRow = 44,
-    .banner = 64,
+    .banner = 94,
 };
 
 constexpr Measures tablet = {
@@ -36,7 +36,7 @@ constexpr Measures tablet = {
     .dockColumns = 6,
     .quickActionWidth = 250,
     .quickActionRow = 62,
-    .banner = 64,
+    .banner = 94,
 };
 
 constexpr Measures newTablet = [] {
