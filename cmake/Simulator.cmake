@@ -20,7 +20,7 @@ endif()
 file(GLOB_RECURSE process_sources CONFIGURE_DEPENDS
   simulator/runtime/*.cpp simulator/runtime/*.S simulator/frameworks/*.cpp simulator/homescreen/*.cpp
   simulator/control/agent/*.cpp)
-add_library(simulator_process OBJECT ${process_sources} simulator/device/clock.cpp)
+add_library(simulator_process OBJECT ${process_sources})
 target_link_libraries(simulator_process PUBLIC simulator_options)
 target_precompile_headers(simulator_process PRIVATE <nlohmann/json.hpp> simulator/homescreen/common/home.hpp
   simulator/runtime/class_builder.hpp)
@@ -39,7 +39,6 @@ add_dependencies(SpringBoard Sprigdial)
 
 # What a person can do and see, from outside the device.
 file(GLOB control_sources CONFIGURE_DEPENDS simulator/control/*.cpp simulator/device/*.cpp)
-list(REMOVE_ITEM control_sources ${PROJECT_SOURCE_DIR}/simulator/device/clock.cpp)
 add_library(simulator_control STATIC ${control_sources})
 target_link_libraries(simulator_control PUBLIC simulator_options PRIVATE PkgConfig::PLIST PkgConfig::ARCHIVE)
 target_precompile_headers(simulator_control PRIVATE simulator/control/home_screen.hpp)

@@ -16,7 +16,6 @@
 #include <vector>
 
 #include "simulator/control/agent/agent.hpp"
-#include "simulator/device/clock.hpp"
 #include "simulator/frameworks/core_foundation/version.hpp"
 #include "simulator/frameworks/foundation/foundation.hpp"
 #include "simulator/frameworks/uikit/UIDevice.hpp"
@@ -24,6 +23,7 @@
 #include "simulator/homescreen/common/classes.hpp"
 #include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/common/measures.hpp"
+#include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/interposition.hpp"
 #include "simulator/runtime/library.hpp"
 #include "simulator/runtime/main_queue.hpp"
@@ -110,8 +110,7 @@ void startUp(const Options& options) {
   const AutoreleasePool pool;
   NSSetUncaughtExceptionHandler(reportException);
   sim::home().generation = options.generation;
-  sim::clock::set(options.clock ? std::llround(static_cast<long double>(*options.clock) * 1e9L)
-                                : sim::clock::realTime());
+  sim::clock::set(options.clock ? sim::clock::time(*options.clock) : sim::clock::realTime());
   sim::setCoreFoundationVersion(
       options.coreVersion.value_or(options.generation == sim::Generation::old ? 1575.17 : 1665.15));
   sim::installFoundationAdditions();

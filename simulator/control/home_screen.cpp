@@ -94,7 +94,6 @@ HomeScreen& HomeScreen::choose(std::string_view title) { return act("choose", {{
 HomeScreen& HomeScreen::tap(std::string_view title) { return act("tap", {{"title", title}}); }
 HomeScreen& HomeScreen::tapAndGoOn(std::string_view title) { return act("tap", {{"title", title}, {"goOn", true}}); }
 HomeScreen& HomeScreen::tapLate(std::string_view title) { return act("tap", {{"title", title}, {"late", true}}); }
-HomeScreen& HomeScreen::finishTap() { return act("finishTap"); }
 HomeScreen& HomeScreen::type(std::string_view text) { return act("type", {{"text", text}}); }
 HomeScreen& HomeScreen::launch(std::string_view id) { return act("launch", {{"id", id}}); }
 HomeScreen& HomeScreen::home() { return act("home"); }
@@ -136,6 +135,9 @@ HomeScreen& HomeScreen::advance(double seconds) {
   if (!std::isfinite(seconds) || seconds < 0) throw BadInput("the clock only runs forwards");
   return act("advance", {{"seconds", seconds}});
 }
+
+HomeScreen& HomeScreen::animations(bool on) { return act("animations", {{"on", on}}); }
+HomeScreen& HomeScreen::setClock(double seconds) { return act("setClock", {{"seconds", seconds}}); }
 
 HomeScreen& HomeScreen::rescan() { return act("rescan"); }
 

@@ -134,6 +134,13 @@ NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(ViewOnScreen, className, identifier, frame, s
                                    userInteraction, alpha, cornerRadius, background, text, textColor, fontSize,
                                    textAlignment, image, focused, spinning, spinnerStyle, subviews)
 
+/// A sheet or an alert on its way.
+struct TransitionOnScreen {
+  std::string kind;           ///< "presentation" or "dismissal"
+  double start = 0, end = 0;  ///< in seconds, as `Screen::passed` counts
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(TransitionOnScreen, kind, start, end)
+
 /// A visible window.
 struct WindowOnScreen {
   std::string name;  ///< what a person calls what it shows: "the home screen", "the sheet "Notes""
@@ -145,9 +152,10 @@ struct WindowOnScreen {
   std::optional<Color> background;
   std::vector<ViewOnScreen> views;  ///< subviews of the window itself, root view included, back to front
   std::optional<AlertOnScreen> alert;
+  std::optional<TransitionOnScreen> transition;  ///< the alert's; none while it stands
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(WindowOnScreen, name, level, key, frame, userInteraction, alpha, background, views,
-                                   alert)
+                                   alert, transition)
 
 /// A notification as it arrived at a place.
 struct NotificationOnScreen {
@@ -171,6 +179,7 @@ struct Screen {
   std::vector<NotificationOnScreen> lockScreen;
   std::vector<std::string> switcher;  ///< the application switcher's titles, latest first
   std::vector<std::string> events;    ///< since last asked: "screen woken by ID", "sound for ID", "launched ID …"
+  double passed = 0;                  ///< the time that has passed, in seconds; a clock that nobody sets
   std::string orientation;            ///< "portrait" or "landscape"
   Frame bounds;                       ///< the screen, as the device is held
   int page = 1, pages = 1;            ///< of icons: the one that is shown, and how many there are
@@ -191,7 +200,7 @@ struct Screen {
   }
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Screen, generation, on, locked, poweringDown, editing, frontmost, icons,
-                                   quickActions, windows, banners, lockScreen, switcher, events, orientation, bounds,
-                                   page, pages, tree)
+                                   quickActions, windows, banners, lockScreen, switcher, events, passed, orientation,
+                                   bounds, page, pages, tree)
 
 }  // namespace sim

@@ -2,21 +2,21 @@
 
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <deque>
 #include <exception>
 #include <map>
 #include <utility>
 
 #include "simulator/control/agent/measure.hpp"
 #include "simulator/control/agent/screen_reader.hpp"
-#include "simulator/device/clock.hpp"
 #include "simulator/frameworks/core_foundation/darwin_notifications.hpp"
 #include "simulator/frameworks/core_foundation/preferences.hpp"
 #include "simulator/frameworks/foundation/property_list.hpp"
 #include "simulator/frameworks/uikit/UIApplication.hpp"
 #include "simulator/frameworks/uikit/UIPasteboard.hpp"
+#include "simulator/frameworks/uikit/transitions.hpp"
 #include "simulator/homescreen/common/gestures.hpp"
 #include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/common/icons.hpp"
@@ -24,6 +24,7 @@
 #include "simulator/runtime/blocks.hpp"
 #include "simulator/runtime/call_log.hpp"
 #include "simulator/runtime/class_description.hpp"
+#include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/interposition.hpp"
 #include "simulator/runtime/main_queue.hpp"
 
@@ -34,6 +35,8 @@ using nlohmann::json;
 
 // A double cannot hold the clock's nanoseconds.
 constexpr long double second = 1e9L;
+// In seconds: the clocks count nanoseconds in 64 bits.
+constexpr double lastMoment = 9e9;
 
 std::string textOf(const json& request, const char* member) {
   const auto value = request.find(member);
@@ -90,24 +93,38 @@ json choose(const json& request) {
   return {};
 }
 
-// The taps whose handlers have not run yet, in their order.
-std::deque<PendingTap>& pendingTaps() {
-  static std::deque<PendingTap> taps;
-  return taps;
+// The buttons of an alert take no touch while it comes.
+touches::Button requirePresented(const std::string& title) {
+  const touches::Button button = touches::requireButton(title);
+  const Ref<UIAlertController> awaited = button.alert;
+  const Transition* transition = transitionOf(awaited);
+  if (transition == nullptr) return button;
+  if (transition->kind == Transition::Kind::dismissal)
+    throw BadRequest("The sheet or alert is on its way off the screen");
+  advanceClock(transition->end - clock::passed());
+  const touches::Button there = touches::requireButton(title);
+  if (there.alert != awaited.get()) throw BadRequest("The sheet or alert did not stay on the screen");
+  return there;
 }
 
 json tapButton(const json& request) {
-  const auto [alert, action] = touches::requireButton(textOf(request, "title"));
-  if (valueOf(request, "late", false)) pendingTaps().push_back(press(alert, action));
-  else tap(alert, action);
+  const auto [button, action] = requirePresented(textOf(request, "title"));
+  const Ref<UIAlertController> alert = button;
+  press(alert, action);
+  const Transition* dismissal = transitionOf(alert);
+  if (dismissal != nullptr && !valueOf(request, "late", false)) advanceClock(dismissal->end - clock::passed());
   return {};
 }
 
-json finishTap(const json&) {
-  if (pendingTaps().empty()) throw BadRequest("No tap waits for its end");
-  const PendingTap tap = std::move(pendingTaps().front());
-  pendingTaps().pop_front();
-  tap.finish();
+json animations(const json& request) {
+  setAnimations(request.at("on").get<bool>());
+  return {};
+}
+
+json setClock(const json& request) {
+  const double seconds = request.at("seconds").get<double>();
+  if (!(seconds >= 0 && seconds < lastMoment)) throw BadRequest("There is no such time on this clock");
+  clock::set(clock::time(seconds));
   return {};
 }
 
@@ -192,7 +209,9 @@ json post(const json& request) {
 
 json advance(const json& request) {
   const double seconds = request.at("seconds").get<double>();
-  if (!(seconds >= 0 && seconds < 1e9)) throw BadRequest("The clock only runs forwards");
+  const double latest = static_cast<double>(std::max(clock::now(), clock::passed()) / second);
+  if (!(seconds >= 0 && latest + seconds < lastMoment))
+    throw BadRequest("The clock runs forwards only, and not beyond the year 2255");
   advanceClock(std::llround(seconds * second));
   return {};
 }
@@ -403,7 +422,6 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"forceTouch", onIcon<gestures::forceTouch>},
     {"choose", choose},
     {"tap", tapButton},
-    {"finishTap", finishTap},
     {"type", typeText},
     {"launch", onIcon<gestures::launch>},
     {"home", gesture<gestures::pressHome>},
@@ -422,6 +440,8 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"rescan", gesture<readInstalled>},
     {"post", post},
     {"advance", advance},
+    {"setClock", setClock},
+    {"animations", animations},
     {"now", now},
     {"pasteboard", pasteboard},
     {"preferences", preferencesDomain},

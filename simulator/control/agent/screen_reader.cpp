@@ -7,10 +7,12 @@
 #include "simulator/frameworks/uikit/UIDevice.hpp"
 #include "simulator/frameworks/uikit/UILabel.hpp"
 #include "simulator/frameworks/uikit/UIWindow.hpp"
+#include "simulator/frameworks/uikit/transitions.hpp"
 #include "simulator/homescreen/common/SBApplicationController.hpp"
 #include "simulator/homescreen/common/gestures.hpp"
 #include "simulator/homescreen/common/icons.hpp"
 #include "simulator/homescreen/common/windows.hpp"
+#include "simulator/runtime/clock.hpp"
 
 namespace sim {
 namespace {
@@ -133,6 +135,15 @@ AlertOnScreen readAlert(UIAlertController* alert, const UIWindow* window) {
   return seen;
 }
 
+double seconds(std::int64_t nanoseconds) { return static_cast<double>(nanoseconds) / 1e9; }
+
+std::optional<TransitionOnScreen> readTransition(const UIAlertController* alert) {
+  const Transition* running = transitionOf(alert);
+  if (running == nullptr) return std::nullopt;
+  const bool comes = running->kind == Transition::Kind::presentation;
+  return TransitionOnScreen{comes ? "presentation" : "dismissal", seconds(running->start), seconds(running->end)};
+}
+
 WindowOnScreen readWindow(UIWindow* window) {
   WindowOnScreen seen;
   seen.name = nameOf(window);
@@ -143,7 +154,10 @@ WindowOnScreen readWindow(UIWindow* window) {
   seen.alpha = window->alpha;
   seen.background = readColor(window->backgroundColor);
   for (UIView* view : window->subviews) seen.views.push_back(readView(view));
-  if (UIAlertController* alert = alertIn(window)) seen.alert = readAlert(alert, window);
+  if (UIAlertController* alert = alertIn(window)) {
+    seen.alert = readAlert(alert, window);
+    seen.transition = readTransition(alert);
+  }
   return seen;
 }
 
@@ -204,6 +218,7 @@ Screen readScreen() {
   seen.lockScreen = readNotifications(SystemWindow::lockScreen);
   seen.switcher = readSwitcher();
   seen.events = std::exchange(home().events, {});
+  seen.passed = seconds(clock::passed());
   seen.orientation = orientation() == Orientation::portrait ? "portrait" : "landscape";
   seen.bounds = readFrame(screenBounds());
   seen.page = static_cast<int>(rootFolder()->currentPage()) + 1;

@@ -1,5 +1,6 @@
 #include "simulator/frameworks/foundation/foundation.hpp"
 
+#include "simulator/frameworks/foundation/delayed_messages.hpp"
 #include "simulator/frameworks/foundation/folder_listing.hpp"
 #include "simulator/frameworks/foundation/paths.hpp"
 #include "simulator/frameworks/foundation/property_list.hpp"
@@ -13,7 +14,7 @@ namespace sim {
 void installFoundationAdditions() {
   static constexpr void (*additions[])() = {
       installPathHandling,        defineBlockKeeper,    installUserDefaults, installPropertyListReading,
-      installPropertyListWriting, installFolderListing, installTaskWaiting};
+      installPropertyListWriting, installFolderListing, installTaskWaiting,  installDelayedMessages};
   for (const auto install : additions) install();
 }
 

@@ -5,6 +5,7 @@
 
 #include "simulator/frameworks/uikit/UIAlertControllerView.hpp"
 #include "simulator/frameworks/uikit/UITouch.hpp"
+#include "simulator/frameworks/uikit/transitions.hpp"
 #include "simulator/homescreen/common/SBApplicationController.hpp"
 #include "simulator/homescreen/common/SBDownloadingIcon.hpp"
 #include "simulator/homescreen/common/SpringBoard.hpp"
@@ -85,7 +86,7 @@ struct Tap {
 void tapBeside(UIView* dimming) {
   UIAlertController* alert = alertIn(dimming->window());
   if (alert == nullptr || alert->preferredStyle != UIAlertControllerStyle::actionSheet) return;
-  if (UIAlertAction* cancel = alert->cancelAction()) tap(alert, cancel);
+  if (UIAlertAction* cancel = alert->cancelAction()) press(alert, cancel);
   else if (alert->inPopover())
     send(alert->presentingViewController, "dismissViewControllerAnimated:completion:"_sel, true,
          static_cast<const BlockLiteral*>(nullptr));
@@ -101,7 +102,7 @@ void tapIcon(UIView* view) {
 constexpr Tap taps[] = {
     {"SBIconView", tapIcon},
     {"_UIAlertControllerActionView",
-     [](UIView* view) { tap(alertIn(view->window()), static_cast<UIAlertControllerActionView*>(view)->action); }},
+     [](UIView* view) { press(alertIn(view->window()), static_cast<UIAlertControllerActionView*>(view)->action); }},
     {"UIDimmingView", tapBeside},
     {"UITextField", [](UIView* view) { send<BOOL>(view, "becomeFirstResponder"_sel); }},
     {"SBUIActionView", [](UIView* view) { chooseRow(static_cast<SBUIActionView*>(view)->index); }},
@@ -115,6 +116,9 @@ constexpr Tap taps[] = {
 
 // The first of the view and those it stands in that a tap means something to; nothing comes of it without one.
 void tapView(UIView* hit) {
+  // What comes or goes takes no touches.
+  const UIAlertController* alert = hit != nullptr ? alertIn(hit->window()) : nullptr;
+  if (alert != nullptr && transitionOf(alert) != nullptr) return;
   for (UIView* view = hit; view != nullptr; view = view->superview)
     for (const auto& [className, act] : taps)
       if (isKind(view, objc_getClass(className))) return act(view);

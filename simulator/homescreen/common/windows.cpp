@@ -6,7 +6,6 @@
 #include <array>
 #include <utility>
 
-#include "simulator/device/clock.hpp"
 #include "simulator/frameworks/uikit/UIAlertController.hpp"
 #include "simulator/frameworks/uikit/UIKeyboard.hpp"
 #include "simulator/frameworks/uikit/UILabel.hpp"
@@ -14,6 +13,7 @@
 #include "simulator/homescreen/common/gestures.hpp"
 #include "simulator/homescreen/common/icons.hpp"
 #include "simulator/homescreen/common/measures.hpp"
+#include "simulator/runtime/clock.hpp"
 
 namespace sim {
 namespace {
