@@ -23,6 +23,7 @@
 #include "simulator/frameworks/uikit/uikit.hpp"
 #include "simulator/homescreen/common/classes.hpp"
 #include "simulator/homescreen/common/home.hpp"
+#include "simulator/homescreen/common/measures.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/interposition.hpp"
 #include "simulator/runtime/library.hpp"
@@ -129,6 +130,7 @@ void startUp(const Options& options) {
   if (options.resumePreferences) sim::resumePreferences();
   sim::defineUIKit();
   sim::setIdiom(options.tablet ? sim::UIUserInterfaceIdiom::pad : sim::UIUserInterfaceIdiom::phone);
+  sim::setScreen(sim::measures().screens[0], sim::measures().screens[1]);
   sim::defineHomeScreenClasses();
   for (const auto& method : options.interposed) sim::interpose(method);
   if (!options.library.empty()) sim::mapLibrary(options.library);

@@ -170,19 +170,28 @@ std::string alertDetails(const AlertOnScreen& alert) {
   return text;
 }
 
+/// A grey tone as its whiteness and its opacity.
+std::string colorText(const Color& color) {
+  if (color.red == color.green && color.green == color.blue) return brief(color.red) + "," + brief(color.alpha);
+  return brief(color.red) + "," + brief(color.green) + "," + brief(color.blue) + "," + brief(color.alpha);
+}
+
 /// A plain container shows nothing by itself.
 bool hasLook(const ViewOnScreen& view) {
-  return !view.text.empty() || !view.background.empty() || view.spinning || view.cornerRadius > 0;
+  return !view.text.empty() || view.background || view.spinning || view.cornerRadius > 0;
 }
+
+/// What a sheet or an alert consists of is in its own picture.
+bool isPresented(const ViewOnScreen& view) { return view.className == "UITransitionView"; }
 
 void appendViews(std::string& text, const std::vector<ViewOnScreen>& views, const std::string& indent) {
   for (const ViewOnScreen& view : views) {
-    if (view.hidden) continue;
+    if (view.hidden || isPresented(view)) continue;
     if (hasLook(view)) {
       text += indent + view.className + " " + brief(view.frame.width) + " × " + brief(view.frame.height) + " at " +
               brief(view.frame.x) + ", " + brief(view.frame.y);
       if (!view.text.empty()) text += " \"" + view.text + "\"";
-      if (!view.background.empty()) text += ", background " + view.background;
+      if (view.background) text += ", background " + colorText(*view.background);
       if (view.cornerRadius > 0) text += ", corners " + brief(view.cornerRadius);
       if (view.alpha < 1) text += ", opacity " + brief(view.alpha);
       if (view.spinning) text += ", spinning";

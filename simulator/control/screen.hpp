@@ -31,16 +31,25 @@ struct Frame {
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Frame, x, y, width, height)
 
+/// A colour; each part lies between 0 and 1, and an alpha of 0 is clear.
+struct Color {
+  double red = 0, green = 0, blue = 0, alpha = 1;
+  bool operator==(const Color&) const = default;
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Color, red, green, blue, alpha)
+
 /// An icon on the home screen.
 struct IconOnScreen {
   std::string id;     ///< bundle identifier; empty for a bookmark
   std::string kind;   ///< "application", "downloading" or "bookmark"
-  std::string label;  ///< the label's text, seen or not
+  std::string label;  ///< the label's text, seen or not; empty without a label
   bool labelHidden = false;
-  std::string badge;   ///< empty without a badge
-  std::string spoken;  ///< what is read out to a person who cannot see it
+  std::string badge;        ///< empty without a badge
+  std::string spoken;       ///< what is read out to a person who cannot see it
+  Frame frame;              ///< on the screen; beside it on a page that is not shown
+  std::optional<int> page;  ///< counted from 1; none in the dock
 };
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(IconOnScreen, id, kind, label, labelHidden, badge, spoken)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(IconOnScreen, id, kind, label, labelHidden, badge, spoken, frame, page)
 
 /// An entry of the platform's quick-action list.
 struct QuickAction {
@@ -86,7 +95,7 @@ struct AlertOnScreen {
   std::string style;  ///< "action sheet" or "alert"
   std::optional<std::string> title;
   std::optional<std::string> message;
-  std::vector<ButtonOnScreen> buttons;  ///< in the order they were added
+  std::vector<ButtonOnScreen> buttons;  ///< those that are shown, in the order they were added
   std::vector<TextFieldOnScreen> textFields;
   std::optional<Popover> popover;  ///< on a tablet, for action sheets
 
@@ -100,37 +109,53 @@ struct AlertOnScreen {
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(AlertOnScreen, style, title, message, buttons, textFields, popover)
 
-/// A view inside a window, with what can be seen of it.
+/// A view, with what can be seen of it.
 struct ViewOnScreen {
   std::string className;
-  Frame frame;
+  std::string identifier;               ///< what it stands for, such as an application; empty for nothing in particular
+  Frame frame;                          ///< in what it stands in
+  double scrolledX = 0, scrolledY = 0;  ///< the point of its own coordinates that its upper left corner shows
   bool hidden = false;
   bool userInteraction = true;
   double alpha = 1;
   double cornerRadius = 0;
-  std::string background;  ///< "" for none, else "white,alpha" for a grey tone: black is "0,1"
-  std::string text;        ///< of a label
-  std::string textColor;   ///< of a label, written as `background`
-  double fontSize = 0;     ///< of a label
-  long textAlignment = 0;  ///< of a label: 1 is centred
-  bool spinning = false;   ///< of an activity indicator
-  long spinnerStyle = 0;   ///< of an activity indicator
-  std::vector<ViewOnScreen> subviews;
+  std::optional<Color> background;
+  std::string text;                ///< of a label or a text field
+  std::optional<Color> textColor;  ///< of a label
+  double fontSize = 0;             ///< of a label
+  long textAlignment = 0;          ///< of a label: 1 is centred
+  std::string image;               ///< "PATH" with " (template)" when tinted, or "PNG of N bytes"; empty without one
+  bool focused = false;            ///< of a text field: what is typed goes there
+  bool spinning = false;           ///< of an activity indicator
+  long spinnerStyle = 0;           ///< of an activity indicator
+  std::vector<ViewOnScreen> subviews;  ///< back to front
 };
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(ViewOnScreen, className, frame, hidden, userInteraction, alpha, cornerRadius,
-                                   background, text, textColor, fontSize, textAlignment, spinning, spinnerStyle,
-                                   subviews)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(ViewOnScreen, className, identifier, frame, scrolledX, scrolledY, hidden,
+                                   userInteraction, alpha, cornerRadius, background, text, textColor, fontSize,
+                                   textAlignment, image, focused, spinning, spinnerStyle, subviews)
 
-/// A window above the home screen's own.
+/// A sheet or an alert on its way.
+struct TransitionOnScreen {
+  std::string kind;           ///< "presentation" or "dismissal"
+  double start = 0, end = 0;  ///< in seconds, as `Screen::passed` counts
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(TransitionOnScreen, kind, start, end)
+
+/// A visible window.
 struct WindowOnScreen {
+  std::string name;  ///< what a person calls what it shows: "the home screen", "the sheet "Notes""
   double level = 0;
   bool key = false;
   Frame frame;
-  std::string background;
-  std::vector<ViewOnScreen> views;  ///< subviews of the window itself, root view included
+  bool userInteraction = true;
+  double alpha = 1;
+  std::optional<Color> background;
+  std::vector<ViewOnScreen> views;  ///< subviews of the window itself, root view included, back to front
   std::optional<AlertOnScreen> alert;
+  std::optional<TransitionOnScreen> transition;  ///< the alert's; none while it stands
 };
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(WindowOnScreen, level, key, frame, background, views, alert)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(WindowOnScreen, name, level, key, frame, userInteraction, alpha, background, views,
+                                   alert, transition)
 
 /// A notification as it arrived at a place.
 struct NotificationOnScreen {
@@ -149,11 +174,16 @@ struct Screen {
   std::string frontmost;  ///< bundle identifier of the open application; empty on the home screen
   std::vector<IconOnScreen> icons;
   std::optional<QuickActionList> quickActions;
-  std::vector<WindowOnScreen> windows;  ///< visible ones, bottom first
+  std::vector<WindowOnScreen> windows;  ///< those that are not the system's own, bottom first
   std::vector<NotificationOnScreen> banners;
   std::vector<NotificationOnScreen> lockScreen;
   std::vector<std::string> switcher;  ///< the application switcher's titles, latest first
   std::vector<std::string> events;    ///< since last asked: "screen woken by ID", "sound for ID", "launched ID …"
+  double passed = 0;                  ///< the time that has passed, in seconds; a clock that nobody sets
+  std::string orientation;            ///< "portrait" or "landscape"
+  Frame bounds;                       ///< the screen, as the device is held
+  int page = 1, pages = 1;            ///< of icons: the one that is shown, and how many there are
+  std::vector<WindowOnScreen> tree;   ///< every window, bottom first
 
   /// The icon of that bundle identifier, or null.
   const IconOnScreen* icon(std::string_view id) const {
@@ -170,6 +200,7 @@ struct Screen {
   }
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Screen, generation, on, locked, poweringDown, editing, frontmost, icons,
-                                   quickActions, windows, banners, lockScreen, switcher, events)
+                                   quickActions, windows, banners, lockScreen, switcher, events, passed, orientation,
+                                   bounds, page, pages, tree)
 
 }  // namespace sim

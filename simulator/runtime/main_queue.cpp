@@ -19,11 +19,15 @@ std::multimap<std::int64_t, BlockRef>& waiting() {
   return blocks;
 }
 
+void (*endOfTurn)() = [] {};
+
 }  // namespace
 
 std::optional<std::int64_t> nextDueTime() {
   return waiting().empty() ? std::nullopt : std::optional(waiting().begin()->first);
 }
+
+void atEndOfTurn(void (*work)()) { endOfTurn = work; }
 
 void runDueWork() {
   for (auto due = nextDueTime(); due && *due <= clock::passed(); due = nextDueTime()) {
@@ -32,6 +36,7 @@ void runDueWork() {
     waiting().erase(waiting().begin());
     block();
   }
+  endOfTurn();
 }
 
 void advanceClock(std::int64_t nanoseconds) {

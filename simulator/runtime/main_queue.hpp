@@ -13,4 +13,7 @@ void advanceClock(std::int64_t nanoseconds);
 /// The moment at which the next delayed work is due, as `clock::passed` counts; none when nothing waits.
 std::optional<std::int64_t> nextDueTime();
 
+/// What is to be done whenever everything that was due has run, such as showing what came of it.
+void atEndOfTurn(void (*work)());
+
 }  // namespace sim

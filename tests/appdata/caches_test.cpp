@@ -137,7 +137,7 @@ TEST_P(Caches, WithoutAContainerNothingComesOrGoes) {
 
 TEST_P(Caches, TheFolderIsTheOneOfWhenTheQuestionWasAsked) {
   ask();
-  home->touch("com.example.notes");
+  home.touchInSpite("com.example.notes");
   const auto notes = test::filesBelow(home.container("com.example.notes"));
   home->tap("YES");
   EXPECT_TRUE(fs::is_empty(caches()));

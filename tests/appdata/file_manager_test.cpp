@@ -51,7 +51,7 @@ TEST_P(FileManager, ShowsNoAlertAndChangesNothing) {
     home.openMenu();
     home->tap(entry);
     EXPECT_TRUE(home.screen().windows.empty());
-    home->advance(1);
+    home->home().advance(1);
   }
   EXPECT_EQ(test::filesBelow(home.device().root() / "var"), before);
 }
@@ -59,7 +59,7 @@ TEST_P(FileManager, ShowsNoAlertAndChangesNothing) {
 TEST_P(FileManager, IsAskedForTheFolderOfWhatIsCurrentWhenTapped) {
   home.install({});
   home.openMenu();
-  home->touch("com.example.notes");
+  home.touchInSpite("com.example.notes");
   home->tap("Open in Filza [Data]");
   EXPECT_EQ(home->urls()[0].url,
             "filza:/" + home.device().application("com.example.notes")->data.string() + "/Documents");

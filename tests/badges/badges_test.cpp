@@ -100,7 +100,7 @@ TEST_P(Badges, ClearingWithoutOneOrWithoutAnIconIsSilent) {
 TEST_P(Badges, GoToTheApplicationThatIsCurrentWhenApplied) {
   home->perform("setBadges");
   home->type("5");
-  home->touch("com.example.notes");
+  home.touchInSpite("com.example.notes");
   EXPECT_EQ(home.alert().message, "Test App");
   home->tap("Apply");
   EXPECT_EQ(badge(), "4");

@@ -81,7 +81,7 @@ TEST_P(Clipboard, StaysAsItWasWithoutAnApplication) {
   home.openMenu("com.example.notes");
   home->tap("Copy BundleID").advance(1);
   home.openMenu("com.example.weather");
-  home->touch("Garden Diary");
+  home.touchInSpite("Garden Diary");
   home->tap("Copy BundleID");
   EXPECT_EQ(home->pasteboard()->text, "com.example.notes");
 }
@@ -94,12 +94,12 @@ TEST_P(Clipboard, SchemesOfAnotherKindAreLeftOut) {
 TEST_P(Clipboard, TakesWhatIsCurrentWhenTapped) {
   home.install({.info = {{"CFBundleURLTypes", {{{"CFBundleURLSchemes", {"mine"}}}}}}});
   home.openMenu();
-  home->touch("com.example.notes");
+  home.touchInSpite("com.example.notes");
   home->tap("Copy BundleID");
   EXPECT_EQ(home->pasteboard()->text, "com.example.notes");
   home->advance(1);
   home.openMenu("com.example.notes");
-  home->touch(app);
+  home.touchInSpite(app);
   home->tap("Copy URL Schemes");
   EXPECT_EQ(home->pasteboard()->text, "Unknown Scheme: mine:// \n");
 }

@@ -256,7 +256,7 @@ TEST_P(Exceptions, OfTheArchiversTaskStopTheFlowWithTheOverlayUp) {
   EXPECT_TRUE(home->raises("tap", {{"title", "Backup Data"}}));
   ASSERT_EQ(home.screen().windows.size(), 1U);
   EXPECT_FALSE(home.showsAlert());
-  EXPECT_EQ(home.screen().windows[0].background, "0,0.2");
+  EXPECT_EQ(home.screen().windows[0].background, (sim::Color{0, 0, 0, 0.2}));
   home->lock().unlock().advance(1);
   EXPECT_TRUE(home.screen().windows.empty());
   // The next one runs.

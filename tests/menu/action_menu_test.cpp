@@ -195,14 +195,14 @@ TEST_P(ActionMenu, StandsInAWindowJustBelowTheSystemsAlerts) {
   ASSERT_EQ(windows.size(), 1U);
   EXPECT_EQ(windows[0].level, 1999);
   EXPECT_TRUE(windows[0].key);
-  EXPECT_EQ(windows[0].frame, (sim::Frame{0, 0, 375, 667}));
+  EXPECT_EQ(windows[0].frame, bounds());
 }
 
 TEST_P(ActionMenu, ReplacesTheWindowOfTheLast) {
   home.install({});
   home.openMenu();
   home->advance(2);
-  home.openMenu("com.example.notes");
+  home.openMenuInSpite("com.example.notes");
   const auto windows = home.screen().windows;
   ASSERT_EQ(windows.size(), 1U);
   EXPECT_EQ(windows[0].alert->title, "Notes");
@@ -235,7 +235,7 @@ TEST_P(ActionMenu, EveryEntryClosesTheWindowFirst) {
     EXPECT_EQ(calls[0].selector, "setHidden:") << title;
     home->advance(2);
     home->lock();
-    home->unlock();
+    home->unlock().home();
     home.openMenu();
   }
 }
@@ -256,10 +256,10 @@ TEST_P(ActionMenu, TheWaitBeginsWhenThePresentationEnds) {
   home.install({});
   home.openMenu();
   home->advance(test::presentation + 0.79);
-  home.openMenu("com.example.notes");
+  home.openMenuInSpite("com.example.notes");
   EXPECT_EQ(home.alert().title, "Test App");
   home->advance(0.02);
-  home.openMenu("com.example.notes");
+  home.openMenuInSpite("com.example.notes");
   EXPECT_EQ(home.alert().title, "Notes");
 }
 

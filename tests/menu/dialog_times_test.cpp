@@ -94,14 +94,16 @@ TEST_P(DialogTimes, ThePowerDownSliderWhileTheMenuComesTakesItAway) {
 
 TEST_P(DialogTimes, ASecondMenuDoesNotComeWhileTheFirstDoes) {
   home.openMenu();
-  home->advance(0.2).touch(other).perform("showAlertView");
+  home->advance(0.2);
+  home.openMenuInSpite(other);
   EXPECT_EQ(home.alert().title, "Test App");
   EXPECT_EQ(home.screen().windows.size(), 1U);
 }
 
 TEST_P(DialogTimes, ASecondMenuWhileTheFirstGoesMakesWayWhenTheButtonHasItsTurn) {
   home.openMenu();
-  home->advance(2).tapLate("Copy BundleID").touch(other).perform("showAlertView");
+  home->advance(2).tapLate("Copy BundleID");
+  home.openMenuInSpite(other);
   EXPECT_EQ(home.alert().title, "Notes");
   home->advance(test::dismissal);
   EXPECT_EQ(home->pasteboard().value().text, other) << "what was touched last";

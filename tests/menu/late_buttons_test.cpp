@@ -27,11 +27,11 @@ class LateButtons : public test::Generations {
   // Another application's menu, while the last dialog still goes.
   void openNextMenu() {
     home->animations(false);
-    home.openMenu(other);
+    home.openMenuInSpite(other);
   }
   // Everything else that was shown goes, too.
   void expectNothingLeft() {
-    home->lock().unlock().advance(1);
+    home->lock().unlock().home().advance(1);
     EXPECT_TRUE(home.screen().windows.empty());
   }
   std::string badge(const std::string& id = app) { return home.icon(id).badge; }
@@ -94,7 +94,9 @@ TEST_P(LateButtons, OfTheBadgesAlertApplyTheirOwnText) {
 
 TEST_P(LateButtons, OfTheMuteSheetMuteTheirOwnApplication) {
   home->touch(app).perform("muteNotifications");
-  home->tapLate("Forever").touch(other).lock().advance(test::dismissal);
+  home->tapLate("Forever");
+  home.touchInSpite(other);
+  home->lock().advance(test::dismissal);
   const auto list = sim::readFile(home.path("/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist"));
   EXPECT_NE(list->find("<string>" + app + "</string>"), std::string::npos) << *list;
 }
@@ -151,7 +153,7 @@ TEST_P(LateButtons, OfTheRenamingDialogLeaveAMenuAlone) {
     SCOPED_TRACE(button);
     home.openRenameDialog(app);
     home->tapLate(button);
-    home.openMenu(other);
+    home.openMenuInSpite(other);
     home->advance(test::dismissal);
     ASSERT_TRUE(home.showsAlert());
     EXPECT_EQ(home.alert().title, "Notes");
@@ -163,7 +165,7 @@ TEST_P(LateButtons, OfTheRenamingDialogLeaveTheOverlayAlone) {
   home.openRenameDialog(app);
   home->tapLate("Apply").perform("showLoadingView").advance(test::dismissal);
   ASSERT_EQ(home.screen().windows.size(), 1U);
-  EXPECT_EQ(home.screen().windows[0].background, "0,0.2");
+  EXPECT_EQ(home.screen().windows[0].background, (sim::Color{0, 0, 0, 0.2}));
 }
 
 TEST_P(LateButtons, OfTheMenuKeepTheirIcon) {

@@ -57,7 +57,7 @@ TEST_P(OpenApp, WithoutACurrentApplicationDoesNothing) {
 TEST_P(OpenApp, OpensWhatIsCurrentWhenTapped) {
   home.install({});
   home.openMenu();
-  home->touch("com.example.notes");
+  home.touchInSpite("com.example.notes");
   home->tap("Open App");
   EXPECT_EQ(home->launches().back().id, "com.example.notes");
 }

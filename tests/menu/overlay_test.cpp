@@ -19,8 +19,8 @@ TEST_P(Overlay, IsADimmedWindowAtTheNormalLevel) {
   const auto window = shown();
   EXPECT_EQ(window.level, 0);
   EXPECT_TRUE(window.key);
-  EXPECT_EQ(window.frame, (sim::Frame{0, 0, 375, 667}));
-  EXPECT_EQ(window.background, "0,0.2");
+  EXPECT_EQ(window.frame, bounds());
+  EXPECT_EQ(window.background, (sim::Color{0, 0, 0, 0.2}));
   EXPECT_FALSE(window.alert);
   ASSERT_EQ(window.views.size(), 1U);
 }
@@ -29,8 +29,8 @@ TEST_P(Overlay, HoldsABoxALittleOffTheCentre) {
   home->perform("showLoadingView");
   const auto box = shown().views.at(0);
   EXPECT_EQ(box.className, "UIView");
-  EXPECT_EQ(box.frame, (sim::Frame{375 * 0.5 - 50, 667 * 0.5 - 50, 120, 120}));
-  EXPECT_EQ(box.background, "0,1");
+  EXPECT_EQ(box.frame, (sim::Frame{bounds().width * 0.5 - 50, bounds().height * 0.5 - 50, 120, 120}));
+  EXPECT_EQ(box.background, (sim::Color{0, 0, 0, 1}));
   EXPECT_EQ(box.alpha, 0.7);
   EXPECT_EQ(box.cornerRadius, 15);
   EXPECT_FALSE(box.userInteraction);
@@ -43,8 +43,8 @@ TEST_P(Overlay, AsksToWait) {
   EXPECT_EQ(label.className, "UILabel");
   EXPECT_EQ(label.frame, (sim::Frame{10, 90, 90, 14}));
   EXPECT_EQ(label.text, "Please wait...");
-  EXPECT_EQ(label.textColor, "1,1");
-  EXPECT_EQ(label.background, "0,0");
+  EXPECT_EQ(label.textColor, (sim::Color{1, 1, 1, 1}));
+  EXPECT_EQ(label.background, (sim::Color{0, 0, 0, 0}));
   EXPECT_EQ(label.fontSize, 14);
   EXPECT_EQ(label.textAlignment, 1);
 }

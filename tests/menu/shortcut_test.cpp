@@ -214,7 +214,7 @@ TEST_F(ShortcutOld, TheListNamesTheApplicationWithoutATouch) {
 
 TEST_F(ShortcutOld, TheListKeepsTheSwipeAway) {
   home->forceTouch("com.example.notes");
-  home.swipeUp("com.example.notes");
+  home.openMenuInSpite("com.example.notes");
   EXPECT_FALSE(home.showsAlert());
   home->home();
   home.swipeUp("com.example.notes");

@@ -56,7 +56,7 @@ class Muting : public Generations {
 
   /// Opens the sheet as the menu does.
   void openSheet(const std::string& id = app) {
-    home->touch(id);
+    home.touchInSpite(id);
     home->perform("muteNotifications");
   }
   /// Taps a button of the sheet. By the clock, its handler runs now.

@@ -102,6 +102,17 @@ Home& Home::settings(const std::vector<std::string>& pairs) {
 
 Home& Home::openMenu(const std::string& id) { return swipeUp(id, 0, -wellAboveAnyThreshold); }
 
+Home& Home::touchInSpite(const std::string& id) {
+  (**this).ask("perform", {{"selector", "_addTouchedIconView:"}, {"view", id}});
+  return *this;
+}
+
+Home& Home::openMenuInSpite(const std::string& id) {
+  touchInSpite(id);
+  (**this).perform("showAlertView");
+  return *this;
+}
+
 Home& Home::swipeUp(const std::string& id, double dx, double dy) {
   (**this).swipe(id, {{dx, dy}});
   return *this;

@@ -56,6 +56,10 @@ class Home {
   Home& settings(const std::vector<std::string>& pairs);
   /// Opens the menu of the application by a swipe.
   Home& openMenu(const std::string& id = "com.example.test");
+  /// The platform tells of a finger on the icon whatever lies over it: one that came down before that did.
+  Home& touchInSpite(const std::string& id);
+  /// Asks for the application's menu as a swipe does, whatever lies over its icon.
+  Home& openMenuInSpite(const std::string& id = "com.example.test");
   /// Swipes up on the icon by one sample.
   Home& swipeUp(const std::string& id, double dx = 0, double dy = -20);
 
@@ -105,6 +109,8 @@ class Generations : public testing::TestWithParam<sim::Generation> {
  protected:
   Home home{GetParam()};
   bool isOld() const { return GetParam() == sim::Generation::old; }
+  /// A phone's screen, held upright.
+  sim::Frame bounds() const { return {0, 0, 375, isOld() ? 667.0 : 812.0}; }
   std::string menuHost() const { return isOld() ? "SBIconController" : "SBHIconManager"; }
 };
 class OldGeneration : public testing::Test {

@@ -20,6 +20,7 @@
 #include "simulator/homescreen/common/gestures.hpp"
 #include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/common/icons.hpp"
+#include "simulator/homescreen/common/touches.hpp"
 #include "simulator/runtime/blocks.hpp"
 #include "simulator/runtime/call_log.hpp"
 #include "simulator/runtime/class_description.hpp"
@@ -76,10 +77,14 @@ json gesture(const json&) {
 
 json screen(const json&) { return readScreen(); }
 
-json swipe(const json& request) {
+std::vector<CGPoint> samplesOf(const json& request) {
   std::vector<CGPoint> samples;
   for (const json& sample : request.at("samples")) samples.push_back({sample.at(0), sample.at(1)});
-  gestures::swipe(textOf(request, "id"), samples);
+  return samples;
+}
+
+json swipe(const json& request) {
+  gestures::swipe(textOf(request, "id"), samplesOf(request));
   return {};
 }
 
@@ -88,35 +93,24 @@ json choose(const json& request) {
   return {};
 }
 
-UIAlertController* requireAlert() {
-  UIAlertController* alert = topAlert();
-  if (alert == nullptr) throw BadRequest("The topmost window shows no sheet or alert");
-  return alert;
-}
-
-UIAlertAction* requireButton(UIAlertController* alert, const std::string& title) {
-  for (UIAlertAction* action : alert->actions)
-    if (text(action->title) == title) return action;
-  throw BadRequest("The sheet or alert has no button \"" + title + "\"");
-}
-
 // The buttons of an alert take no touch while it comes.
-UIAlertController* whenPresented(UIAlertController* alert) {
-  const Ref<UIAlertController> awaited = alert;
-  const Transition* transition = transitionOf(alert);
-  if (transition == nullptr) return alert;
+touches::Button requirePresented(const std::string& title) {
+  const touches::Button button = touches::requireButton(title);
+  const Ref<UIAlertController> awaited = button.alert;
+  const Transition* transition = transitionOf(awaited);
+  if (transition == nullptr) return button;
   if (transition->kind == Transition::Kind::dismissal)
     throw BadRequest("The sheet or alert is on its way off the screen");
   advanceClock(transition->end - clock::passed());
-  if (topAlert() != alert) throw BadRequest("The sheet or alert did not stay on the screen");
-  return topAlert();
+  const touches::Button there = touches::requireButton(title);
+  if (there.alert != awaited.get()) throw BadRequest("The sheet or alert did not stay on the screen");
+  return there;
 }
 
 json tapButton(const json& request) {
-  const std::string title = textOf(request, "title");
-  requireButton(requireAlert(), title);
-  const Ref<UIAlertController> alert = whenPresented(requireAlert());
-  press(alert, requireButton(alert, title));
+  const auto [button, action] = requirePresented(textOf(request, "title"));
+  const Ref<UIAlertController> alert = button;
+  press(alert, action);
   const Transition* dismissal = transitionOf(alert);
   if (dismissal != nullptr && !valueOf(request, "late", false)) advanceClock(dismissal->end - clock::passed());
   return {};
@@ -134,29 +128,44 @@ json setClock(const json& request) {
   return {};
 }
 
-UITextField* requireTextField() {
-  UIAlertController* alert = requireAlert();
-  if (alert->textFields.empty()) throw BadRequest("The sheet or alert has no text field");
-  return alert->textFields.front();
-}
-
 json typeText(const json& request) {
   const std::string typed = textOf(request, "text");
-  UITextField* field = requireTextField();
+  UITextField* field = touches::requireFocus();
   if (!field->hasKeysFor(typed)) throw BadRequest("The number pad has digits only: \"" + typed + "\" can be pasted");
   field->typeOver(typed);
   return {};
 }
 
 json pasteText(const json& request) {
-  requireTextField()->replaceAll(ns(textOf(request, "text")));
+  touches::requireFocus()->replaceAll(ns(textOf(request, "text")));
   return {};
 }
 
 json clearText(const json&) {
-  UITextField* field = requireTextField();
+  UITextField* field = touches::requireFocus();
   if (!field->showsClearButton()) throw BadRequest("The text field shows no clear button");
   field->tapClearButton();
+  return {};
+}
+
+CGPoint pointOf(const json& request) { return {request.at("x").get<double>(), request.at("y").get<double>()}; }
+
+json touchAt(const json& request) {
+  gestures::touchAt(pointOf(request));
+  return {};
+}
+
+json drag(const json& request) {
+  gestures::drag(pointOf(request), samplesOf(request));
+  return {};
+}
+
+json rotate(const json& request) {
+  static const std::map<std::string, Orientation> known = {{"portrait", Orientation::portrait},
+                                                           {"landscape", Orientation::landscape}};
+  const auto held = known.find(textOf(request, "to"));
+  if (held == known.end()) throw BadRequest("The device is turned to \"portrait\" or to \"landscape\"");
+  gestures::rotate(held->second);
   return {};
 }
 
@@ -369,7 +378,9 @@ json performSelector(const json& request) {
   if (!send<BOOL>(target, "respondsToSelector:"_sel, selector))
     throw BadRequest(std::string("A \"") + class_getName(object_getClass(target)) + "\" does not answer \"" + name +
                      "\"");
-  const auto arguments = argumentsOf(request);
+  auto arguments = argumentsOf(request);
+  if (request.contains("view"))
+    arguments[0] = reinterpret_cast<std::int64_t>(viewOf(requireIcon(textOf(request, "view"))));
   // What a method without a result leaves in the register means nothing.
   const auto result = send<std::uint64_t>(target, selector, arguments[0], arguments[1], arguments[2], arguments[3],
                                           arguments[4], arguments[5]);
@@ -451,6 +462,10 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"clear", clearText},
     {"launch", onIcon<gestures::launch>},
     {"home", gesture<gestures::pressHome>},
+    {"touch-at", touchAt},
+    {"drag", drag},
+    {"switcher", gesture<gestures::openSwitcher>},
+    {"rotate", rotate},
     {"edit", edit},
     {"lock", gesture<gestures::lock>},
     {"unlock", gesture<gestures::unlock>},

@@ -1,16 +1,18 @@
 #include "simulator/control/agent/screen_reader.hpp"
 
-#include <cstdio>
 #include <utility>
 
 #include "simulator/frameworks/uikit/UIActivityIndicatorView.hpp"
+#include "simulator/frameworks/uikit/UIAlertControllerView.hpp"
 #include "simulator/frameworks/uikit/UIDevice.hpp"
 #include "simulator/frameworks/uikit/UILabel.hpp"
 #include "simulator/frameworks/uikit/UIWindow.hpp"
+#include "simulator/frameworks/uikit/transitions.hpp"
 #include "simulator/homescreen/common/SBApplicationController.hpp"
-#include "simulator/homescreen/common/SpringBoard.hpp"
 #include "simulator/homescreen/common/gestures.hpp"
 #include "simulator/homescreen/common/icons.hpp"
+#include "simulator/homescreen/common/windows.hpp"
+#include "simulator/runtime/clock.hpp"
 
 namespace sim {
 namespace {
@@ -19,11 +21,9 @@ std::string className(id object) { return object != nullptr ? class_getName(obje
 
 Frame readFrame(const CGRect& rect) { return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height}; }
 
-std::string readColor(const UIColor* color) {
-  if (color == nullptr) return {};
-  char tone[64];
-  std::snprintf(tone, sizeof tone, "%g,%g", color->white, color->alpha);
-  return tone;
+std::optional<Color> readColor(const UIColor* color) {
+  if (color == nullptr) return std::nullopt;
+  return Color{color->red, color->green, color->blue, color->alpha};
 }
 
 std::string kindOf(SBIcon* icon) {
@@ -37,37 +37,66 @@ std::string kindOf(SBIcon* icon) {
 IconOnScreen readIcon(SBIcon* icon) {
   SBIconView* view = viewOf(icon);
   const UILabel* label = view->labelView;
+  const auto page = rootFolder()->pageOf(view);
   return {text(send<id>(icon, "applicationBundleID"_sel)),
           kindOf(icon),
-          text(label->text),
-          label->hidden,
-          text(send<id>(icon, "badgeNumberOrString"_sel)),
-          text(send<id>(view, "accessibilityLabel"_sel))};
+          label != nullptr ? text(label->text) : "",
+          label == nullptr || label->hidden,
+          view->badgeView ? text(view->badgeView->text) : "",
+          text(send<id>(view, "accessibilityLabel"_sel)),
+          readFrame(view->onScreen()),
+          page ? std::optional(static_cast<int>(*page) + 1) : std::nullopt};
 }
 
-void readLabel(ViewOnScreen& seen, UILabel* label) {
+void readLabel(ViewOnScreen& seen, UIView* view) {
   constexpr double standardFontSize = 17;
+  const auto* label = static_cast<UILabel*>(view);
   seen.text = text(label->text);
-  seen.textColor = label->textColor ? readColor(label->textColor) : "0,1";
+  seen.textColor = label->textColor ? readColor(label->textColor) : Color();
   seen.fontSize = label->font ? label->font->pointSize : standardFontSize;
   seen.textAlignment = label->textAlignment;
 }
 
+void readTextField(ViewOnScreen& seen, UIView* view) {
+  seen.text = text(static_cast<UITextField*>(view)->text);
+  seen.focused = focusedField() == view;
+}
+
+void readImage(ViewOnScreen& seen, UIView* view) {
+  UIImage* image = static_cast<UIImageView*>(view)->image;
+  seen.image = image != nullptr ? description(image) : seen.identifier;
+}
+
+void readIndicator(ViewOnScreen& seen, UIView* view) {
+  const auto* indicator = static_cast<UIActivityIndicatorView*>(view);
+  seen.spinning = indicator->animating;
+  seen.spinnerStyle = indicator->activityIndicatorViewStyle;
+}
+
+/// What only views of that class have.
+struct Detail {
+  const char* className;
+  void (*read)(ViewOnScreen& seen, UIView* view);
+};
+constexpr Detail details[] = {{"UILabel", readLabel},
+                              {"UITextField", readTextField},
+                              {"UIImageView", readImage},
+                              {"UIActivityIndicatorView", readIndicator}};
+
 ViewOnScreen readView(UIView* view) {
   ViewOnScreen seen;
   seen.className = className(view);
+  seen.identifier = text(view->accessibilityIdentifier);
   seen.frame = readFrame(view->frame);
+  seen.scrolledX = view->scrolled.x;
+  seen.scrolledY = view->scrolled.y;
   seen.hidden = view->hidden;
   seen.userInteraction = view->userInteractionEnabled;
   seen.alpha = view->alpha;
   seen.cornerRadius = view->ownLayer ? view->ownLayer->cornerRadius : 0;
   seen.background = readColor(view->backgroundColor);
-  if (isKind(view, "UILabel"_cls)) readLabel(seen, static_cast<UILabel*>(view));
-  if (isKind(view, "UIActivityIndicatorView"_cls)) {
-    const auto* indicator = static_cast<UIActivityIndicatorView*>(view);
-    seen.spinning = indicator->animating;
-    seen.spinnerStyle = indicator->activityIndicatorViewStyle;
-  }
+  for (const auto& [cls, read] : details)
+    if (isKind(view, objc_getClass(cls))) read(seen, view);
   for (UIView* subview : view->subviews) seen.subviews.push_back(readView(subview));
   return seen;
 }
@@ -94,46 +123,52 @@ std::optional<Popover> readPopover(const UIAlertController* alert, const UIWindo
                  readFrame(popover->sourceRect), popover->permittedArrowDirections};
 }
 
-// What the window's root controller presents, or what that presents in its turn.
-UIAlertController* alertOf(const UIWindow* window) {
-  UIViewController* controller = window->rootViewController;
-  while (controller != nullptr && !isKind(controller, "UIAlertController"_cls))
-    controller = controller->presentedViewController;
-  return static_cast<UIAlertController*>(controller);
-}
-
 AlertOnScreen readAlert(UIAlertController* alert, const UIWindow* window) {
   AlertOnScreen seen;
   seen.style = alert->preferredStyle == UIAlertControllerStyle::actionSheet ? "action sheet" : "alert";
   seen.title = textOrNone(alert->title);
   seen.message = textOrNone(alert->message);
-  for (UIAlertAction* action : alert->actions) seen.buttons.push_back(readButton(action));
+  for (UIAlertAction* action : alert->actions)
+    if (buttonOf(alert, action) != nullptr) seen.buttons.push_back(readButton(action));
   for (UITextField* field : alert->textFields) seen.textFields.push_back(readTextField(field));
   seen.popover = readPopover(alert, window);
   return seen;
 }
 
+double seconds(std::int64_t nanoseconds) { return static_cast<double>(nanoseconds) / 1e9; }
+
+std::optional<TransitionOnScreen> readTransition(const UIAlertController* alert) {
+  const Transition* running = transitionOf(alert);
+  if (running == nullptr) return std::nullopt;
+  const bool comes = running->kind == Transition::Kind::presentation;
+  return TransitionOnScreen{comes ? "presentation" : "dismissal", seconds(running->start), seconds(running->end)};
+}
+
 WindowOnScreen readWindow(UIWindow* window) {
   WindowOnScreen seen;
+  seen.name = nameOf(window);
   seen.level = window->windowLevel;
   seen.key = keyWindow() == window;
   seen.frame = readFrame(window->frame);
+  seen.userInteraction = window->userInteractionEnabled;
+  seen.alpha = window->alpha;
   seen.background = readColor(window->backgroundColor);
   for (UIView* view : window->subviews) seen.views.push_back(readView(view));
-  if (UIAlertController* alert = alertOf(window)) seen.alert = readAlert(alert, window);
+  if (UIAlertController* alert = alertIn(window)) {
+    seen.alert = readAlert(alert, window);
+    seen.transition = readTransition(alert);
+  }
   return seen;
 }
 
-std::vector<UIWindow*> windowsAboveHomeScreen() {
-  auto windows = visibleWindows();
-  std::erase(windows, springBoard()->window.get());
-  return windows;
-}
+bool isShown(SystemWindow which) { return !systemWindow(which)->hidden; }
 
-std::vector<NotificationOnScreen> readNotifications(const std::vector<DeliveredNotification>& delivered) {
+std::vector<NotificationOnScreen> readNotifications(SystemWindow place) {
   std::vector<NotificationOnScreen> seen;
-  seen.reserve(delivered.size());
-  for (const auto& [id, text] : delivered) seen.push_back({id, text});
+  for (UIView* view : systemWindow(place)->subviews)
+    if (isKind(view, "NCNotificationView"_cls))
+      seen.push_back(
+          {text(view->accessibilityIdentifier), text(static_cast<UILabel*>(view->subviews.front().get())->text)});
   return seen;
 }
 
@@ -151,34 +186,48 @@ std::vector<std::string> readSwitcher() {
 std::optional<QuickActionList> readQuickActions() {
   const auto& open = gestures::quickActions();
   if (!open) return std::nullopt;
-  QuickActionList seen{open->icon, {}};
-  for (const auto& [title, subtitle, image] : open->entries) seen.entries.push_back({title, subtitle, image});
+  QuickActionList seen{text(send<id>(open->icon->icon, "applicationBundleID"_sel)), {}};
+  for (std::size_t index = 0; index < open->entries.size(); ++index) {
+    // A title, then what there is of a subtitle and a picture.
+    std::vector<std::string> texts;
+    std::string image;
+    for (const ViewOnScreen& part : readView(quickActionRow(index)).subviews)
+      if (part.image.empty()) texts.push_back(part.text);
+      else image = part.image;
+    texts.resize(2);
+    seen.entries.push_back({texts[0], texts[1], image});
+  }
   return seen;
 }
 
 }  // namespace
 
 Screen readScreen() {
+  updateWindows();
   Screen seen;
   seen.generation = home().generation == Generation::old ? "old" : "new";
   seen.on = home().screenOn;
-  seen.locked = home().locked;
-  seen.poweringDown = home().poweringDown;
+  seen.locked = isShown(SystemWindow::lockScreen);
+  seen.poweringDown = isShown(SystemWindow::powerSlider);
   seen.editing = send<BOOL>(platformActions().menuHost(), "isEditing"_sel);
-  seen.frontmost = home().frontmost;
+  if (isShown(SystemWindow::application))
+    seen.frontmost = text(systemWindow(SystemWindow::application)->subviews.front()->accessibilityIdentifier);
   for (SBIcon* icon : iconModel()->icons) seen.icons.push_back(readIcon(icon));
   seen.quickActions = readQuickActions();
-  for (UIWindow* window : windowsAboveHomeScreen()) seen.windows.push_back(readWindow(window));
-  seen.banners = readNotifications(home().banners);
-  seen.lockScreen = readNotifications(home().lockScreen);
+  seen.banners = readNotifications(SystemWindow::banners);
+  seen.lockScreen = readNotifications(SystemWindow::lockScreen);
   seen.switcher = readSwitcher();
   seen.events = std::exchange(home().events, {});
+  seen.passed = seconds(clock::passed());
+  seen.orientation = orientation() == Orientation::portrait ? "portrait" : "landscape";
+  seen.bounds = readFrame(screenBounds());
+  seen.page = static_cast<int>(rootFolder()->currentPage()) + 1;
+  seen.pages = static_cast<int>(rootFolder()->pages.size());
+  for (UIWindow* window : visibleWindows()) {
+    seen.tree.push_back(readWindow(window));
+    if (!isSystemWindow(window)) seen.windows.push_back(seen.tree.back());
+  }
   return seen;
-}
-
-UIAlertController* topAlert() {
-  const auto windows = windowsAboveHomeScreen();
-  return windows.empty() ? nullptr : alertOf(windows.back());
 }
 
 }  // namespace sim

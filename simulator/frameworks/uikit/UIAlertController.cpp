@@ -1,10 +1,11 @@
 #include "simulator/frameworks/uikit/UIAlertController.hpp"
 
-#include <algorithm>
 #include <utility>
 
 #include "simulator/frameworks/foundation/copying.hpp"
+#include "simulator/frameworks/uikit/UIAlertControllerView.hpp"
 #include "simulator/frameworks/uikit/UIDevice.hpp"
+#include "simulator/frameworks/uikit/UIWindow.hpp"
 #include "simulator/runtime/exception.hpp"
 
 namespace sim {
@@ -17,17 +18,41 @@ UIAlertController* UIAlertController::alertController(Class cls, id title, id me
   return autoreleased(alert);
 }
 
-void UIAlertController::setTitle(id changed) { title = copied(changed); }
-void UIAlertController::setMessage(id changed) { message = copied(changed); }
+UIAlertController::~UIAlertController() {
+  // A view that is still somewhere has nothing to tell from now on.
+  if (loadedView) static_cast<UIAlertControllerView*>(loadedView.get())->controller = nullptr;
+}
+
+void UIAlertController::loadView() { send(this, "setView:"_sel, static_cast<UIView*>(makeAlertView(this))); }
+
+UIAlertAction* UIAlertController::cancelAction() const {
+  for (UIAlertAction* action : actions)
+    if (action->style == UIAlertActionStyle::cancel) return action;
+  return nullptr;
+}
+
+bool UIAlertController::inPopover() const {
+  return preferredStyle == UIAlertControllerStyle::actionSheet && idiom() == UIUserInterfaceIdiom::pad;
+}
+
+void UIAlertController::setTitle(id changed) {
+  title = copied(changed);
+  send(loadedView, "setNeedsLayout"_sel);
+}
+
+void UIAlertController::setMessage(id changed) {
+  message = copied(changed);
+  send(loadedView, "setNeedsLayout"_sel);
+}
 
 id UIAlertController::actionsArray() { return array({actions.begin(), actions.end()}); }
 
 void UIAlertController::addAction(UIAlertAction* action) {
-  const auto cancels = [](const UIAlertAction* other) { return other->style == UIAlertActionStyle::cancel; };
-  if (cancels(action) && std::any_of(actions.begin(), actions.end(), cancels))
+  if (action->style == UIAlertActionStyle::cancel && cancelAction() != nullptr)
     raiseException("NSInternalInconsistencyException",
                    "UIAlertController can only have one action with a style of UIAlertActionStyleCancel");
   actions.emplace_back(action);
+  send(loadedView, "setNeedsLayout"_sel);
 }
 
 void UIAlertController::addTextField(const BlockLiteral* configurationHandler) {
@@ -37,6 +62,7 @@ void UIAlertController::addTextField(const BlockLiteral* configurationHandler) {
   textFields.push_back(make<UITextField>("UITextField"_cls));
   const BlockRef configure(configurationHandler);
   configure(textFields.back().get());
+  send(loadedView, "setNeedsLayout"_sel);
 }
 
 id UIAlertController::textFieldsArray() {
@@ -44,9 +70,16 @@ id UIAlertController::textFieldsArray() {
 }
 
 id UIAlertController::popoverPresentationController() {
-  if (preferredStyle != UIAlertControllerStyle::actionSheet || idiom() != UIUserInterfaceIdiom::pad) return nullptr;
+  if (!inPopover()) return nullptr;
   if (!popover) popover = make<UIPopoverPresentationController>("UIPopoverPresentationController"_cls);
   return popover;
+}
+
+UIAlertController* alertIn(const UIWindow* window) {
+  UIViewController* controller = window->rootViewController;
+  while (controller != nullptr && !isKind(controller, "UIAlertController"_cls))
+    controller = controller->presentedViewController;
+  return static_cast<UIAlertController*>(controller);
 }
 
 void requirePopoverAnchor(UIViewController* presented, UIViewController* presenter) {
@@ -81,6 +114,7 @@ void defineUIAlertController() {
   using Self = UIAlertController;
   ClassBuilder<Self, UIViewController>("UIAlertController", "UIViewController")
       .classMethod<&Self::alertController>("alertControllerWithTitle:message:preferredStyle:")
+      .method<&Self::loadView>("loadView")
       .getter<&Self::title>("title")
       .method<&Self::setTitle>("setTitle:")
       .getter<&Self::message>("message")

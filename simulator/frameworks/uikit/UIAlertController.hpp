@@ -18,6 +18,13 @@ struct UIAlertController : UIViewController {
   std::vector<Ref<UITextField>> textFields;      ///< in the order they were added
   Ref<UIPopoverPresentationController> popover;  ///< nil until asked for
 
+  ~UIAlertController();
+  void loadView();
+  /// The button of the cancel style; nil without one.
+  UIAlertAction* cancelAction() const;
+  /// Whether it is shown beside what it belongs to, without a cancel button.
+  bool inPopover() const;
+
   static UIAlertController* alertController(Class cls, id title, id message, UIAlertControllerStyle style);
   void setTitle(id title);
   void setMessage(id message);
@@ -34,6 +41,9 @@ struct UIAlertController : UIViewController {
   /// Lets go of the buttons' handlers, which may hold the alert.
   void forgetHandlers();
 };
+
+/// The sheet or alert that the window's root controller presents, or what that presents in its turn; nil for none.
+UIAlertController* alertIn(const UIWindow* window);
 
 /// Raises, as a tablet does, when `presented` is a sheet that does not say where its popover belongs.
 void requirePopoverAnchor(UIViewController* presented, UIViewController* presenter);

@@ -3,8 +3,14 @@
 namespace sim {
 
 UIColor* UIColor::colorWithWhite(Class cls, CGFloat white, CGFloat alpha) {
+  return colorWithRed(cls, white, white, white, alpha);
+}
+
+UIColor* UIColor::colorWithRed(Class cls, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
   auto color = make<UIColor>(cls);
-  color->white = white;
+  color->red = red;
+  color->green = green;
+  color->blue = blue;
   color->alpha = alpha;
   return autoreleased(color);
 }
@@ -13,11 +19,12 @@ UIColor* UIColor::blackColor(Class cls) { return colorWithWhite(cls, 0, 1); }
 UIColor* UIColor::whiteColor(Class cls) { return colorWithWhite(cls, 1, 1); }
 UIColor* UIColor::clearColor(Class cls) { return colorWithWhite(cls, 0, 0); }
 
-UIColor* UIColor::colorWithAlphaComponent(CGFloat component) { return colorWithWhite(isa, white, component); }
+UIColor* UIColor::colorWithAlphaComponent(CGFloat component) { return colorWithRed(isa, red, green, blue, component); }
 
 void defineUIColor() {
   ClassBuilder<UIColor>("UIColor", "NSObject")
       .classMethod<&UIColor::colorWithWhite>("colorWithWhite:alpha:")
+      .classMethod<&UIColor::colorWithRed>("colorWithRed:green:blue:alpha:")
       .classMethod<&UIColor::blackColor>("blackColor")
       .classMethod<&UIColor::whiteColor>("whiteColor")
       .classMethod<&UIColor::clearColor>("clearColor")

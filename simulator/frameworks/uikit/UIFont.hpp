@@ -11,6 +11,9 @@ struct UIFont : Object {
   static UIFont* systemFontOfSize(Class cls, CGFloat size);
 };
 
+/// The height that a text takes in that width, both in points. There are no glyphs here: their widths are a guess.
+CGFloat textHeight(id text, CGFloat fontSize, CGFloat width);
+
 void defineUIFont();
 
 }  // namespace sim

@@ -35,6 +35,12 @@ UIImage* UIImage::imageWithRenderingMode(UIImageRenderingMode mode) {
   return autoreleased(image);
 }
 
+std::string description(UIImage* image) {
+  if (image == nullptr) return {};
+  if (image->path.empty()) return "PNG of " + std::to_string(send<NSUInteger>(image->data, "length"_sel)) + " bytes";
+  return image->path + (image->renderingMode == UIImageRenderingMode::alwaysTemplate ? " (template)" : "");
+}
+
 void defineUIImage() {
   ClassBuilder<UIImage>("UIImage", "NSObject")
       .classMethod<&UIImage::imageWithContentsOfFile>("imageWithContentsOfFile:")

@@ -19,6 +19,9 @@ struct UIImage : Object {
   UIImage* imageWithRenderingMode(UIImageRenderingMode mode);
 };
 
+/// What the image is: its file's path, with " (template)" when tinted, or "PNG of N bytes"; empty for nil.
+std::string description(UIImage* image);
+
 void defineUIImage();
 
 }  // namespace sim

@@ -9,6 +9,7 @@ namespace sim {
 struct UIImageView : UIView {
   Ref<UIImage> image;
 
+  UIImageView() { userInteractionEnabled = false; }
   /// The view has no size: pictures here have none.
   UIImageView* initWithImage(UIImage* image);
 };

@@ -6,6 +6,15 @@ namespace sim {
 
 void UILabel::setText(id changed) { text = copied(changed); }
 
+UILabel* addLabel(UIView* superview, CGRect frame, id text, const LabelLook& look) {
+  auto* label = addView<UILabel>(superview, "UILabel"_cls, frame);
+  label->setText(text);
+  label->font = send<UIFont*>("UIFont"_cls, "systemFontOfSize:"_sel, look.fontSize);
+  label->textAlignment = look.alignment;
+  label->textColor = look.color;
+  return label;
+}
+
 void defineUILabel() {
   ClassBuilder<UILabel, UIView>("UILabel", "UIView")
       .getter<&UILabel::text>("text")

@@ -1,8 +1,10 @@
 #include "simulator/frameworks/uikit/UIScreen.hpp"
 
-#include "simulator/frameworks/uikit/UIDevice.hpp"
-
 namespace sim {
+namespace {
+HeldScreen screens[] = {{{375, 667}, {20, 0, 0, 0}, 216}, {{667, 375}, {}, 162}};
+Orientation held = Orientation::portrait;
+}  // namespace
 
 UIScreen* UIScreen::mainScreen(Class cls) {
   static Slot<UIScreen> screen;
@@ -12,9 +14,17 @@ UIScreen* UIScreen::mainScreen(Class cls) {
 
 CGRect UIScreen::bounds() { return screenBounds(); }
 
-CGRect screenBounds() {
-  return idiom() == UIUserInterfaceIdiom::pad ? CGRect{{}, {768, 1024}} : CGRect{{}, {375, 667}};
+const HeldScreen& heldScreen() { return screens[static_cast<std::size_t>(held)]; }
+
+CGRect screenBounds() { return {{}, heldScreen().size}; }
+
+void setScreen(const HeldScreen& portrait, const HeldScreen& landscape) {
+  screens[0] = portrait;
+  screens[1] = landscape;
 }
+
+Orientation orientation() { return held; }
+void setOrientation(Orientation orientation) { held = orientation; }
 
 void defineUIScreen() {
   ClassBuilder<UIScreen>("UIScreen", "NSObject")

@@ -32,6 +32,13 @@ struct UITextField : UIView {
   /// Whether the field has a clear button while it is edited.
   bool showsClearButton();
 
+  ~UITextField();
+  /// What is typed goes into this field from now on, until another takes over, it resigns, or it goes. NO for a field
+  /// that is in no window.
+  BOOL becomeFirstResponder();
+  BOOL resignFirstResponder();
+  BOOL isFirstResponder() const;
+
  private:
   struct Range {
     NSUInteger location, length;
@@ -39,6 +46,9 @@ struct UITextField : UIView {
   void replace(Range range, id replacement);
   NSUInteger length();
 };
+
+/// The field that what is typed goes into, of the key window; nil while there is none.
+UITextField* focusedField();
 
 /// Defines the class and the protocol `UITextFieldDelegate`.
 void defineUITextField();

@@ -33,7 +33,7 @@ UIView* UIView::initWithFrame(CGRect initial) {
   return self;
 }
 
-CGRect UIView::bounds() const { return {{}, frame.size}; }
+CGRect UIView::bounds() const { return {scrolled, frame.size}; }
 
 void UIView::setFrame(CGRect changed) {
   const bool resized = changed.size != frame.size;
@@ -47,10 +47,16 @@ void UIView::addSubview(UIView* view) {
   if (view == nullptr) return;
   const Ref<UIView> kept = view;
   send(view, "removeFromSuperview"_sel);
-  subviews.push_back(kept);
-  view->superview = this;
+  attach(view);
   send(this, "setNeedsLayout"_sel);
   send(view, "setNeedsLayout"_sel);
+}
+
+void UIView::attach(UIView* view) {
+  const Ref<UIView> kept = view;
+  view->removeFromSuperview();
+  subviews.push_back(kept);
+  view->superview = this;
 }
 
 void UIView::removeFromSuperview() {
@@ -82,15 +88,48 @@ void UIView::setNeedsLayout() {
 }
 
 void UIView::layoutIfNeeded() {
-  if (needingLayout().erase(this) != 0) send(this, "layoutSubviews"_sel);
+  if (needingLayout().erase(this) == 0) return;
+  const Ref<UIView> kept = this;
+  send(this, "layoutSubviews"_sel);
+  // What the layout itself changed is laid out.
+  needingLayout().erase(this);
+}
+
+BOOL UIView::pointInside(CGPoint point, id) { return contains(bounds(), point); }
+
+UIView* UIView::hitTest(CGPoint point, id event) {
+  constexpr CGFloat asGoodAsClear = 0.01;
+  if (hidden || !userInteractionEnabled || alpha < asGoodAsClear) return nullptr;
+  if (!send<BOOL>(this, "pointInside:withEvent:"_sel, point, event)) return nullptr;
+  const auto candidates = subviews;
+  for (auto view = candidates.rbegin(); view != candidates.rend(); ++view)
+    if (auto* hit = send<UIView*>(view->get(), "hitTest:withEvent:"_sel,
+                                  point - (*view)->frame.origin + (*view)->scrolled, event))
+      return hit;
+  return this;
+}
+
+BOOL UIView::isDescendantOfView(UIView* other) {
+  const UIView* view = this;
+  while (view != nullptr && view != other) view = view->superview;
+  return view != nullptr;
 }
 
 CGPoint UIView::fromWindow(CGPoint point) const {
-  for (const UIView* view = this; view->superview != nullptr; view = view->superview) {
-    point.x -= view->frame.origin.x;
-    point.y -= view->frame.origin.y;
-  }
+  for (const UIView* view = this; view->superview != nullptr; view = view->superview)
+    point = point - view->frame.origin + view->scrolled;
   return point;
+}
+
+CGRect UIView::onScreen() const {
+  CGRect rect = frame;
+  for (const UIView* view = superview; view != nullptr; view = view->superview)
+    rect.origin = rect.origin - view->scrolled + view->frame.origin;
+  return rect;
+}
+
+void removeSubviews(UIView* view) {
+  while (!view->subviews.empty()) view->subviews.back()->removeFromSuperview();
 }
 
 void defineUIView() {
@@ -105,6 +144,10 @@ void defineUIView() {
       .method<&UIView::addSubview>("addSubview:")
       .method<&UIView::removeFromSuperview>("removeFromSuperview")
       .method<&UIView::window>("window")
+      .method<&UIView::pointInside>("pointInside:withEvent:")
+      .method<&UIView::hitTest>("hitTest:withEvent:")
+      .method<&UIView::isDescendantOfView>("isDescendantOfView:")
+      .property<&UIView::accessibilityIdentifier>("accessibilityIdentifier")
       .getter<&UIView::hidden>("isHidden")
       .property<&UIView::hidden>("hidden")
       .getter<&UIView::userInteractionEnabled>("isUserInteractionEnabled")

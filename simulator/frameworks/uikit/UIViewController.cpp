@@ -5,6 +5,7 @@
 
 #include "platform/dispatch.hpp"
 #include "simulator/frameworks/uikit/UIAlertController.hpp"
+#include "simulator/frameworks/uikit/UIPresentation.hpp"
 #include "simulator/frameworks/uikit/UIScreen.hpp"
 #include "simulator/frameworks/uikit/UIWindow.hpp"
 #include "simulator/frameworks/uikit/transitions.hpp"
@@ -17,6 +18,7 @@ namespace {
 void leave(UIViewController* controller) {
   UIViewController* presenter = std::exchange(controller->presentingViewController, nullptr);
   if (presenter != nullptr) presenter->presentedViewController = nullptr;
+  removePresented(controller);
 }
 
 }  // namespace
@@ -24,6 +26,7 @@ void leave(UIViewController* controller) {
 UIViewController::~UIViewController() {
   if (!presentedViewController) return;
   presentedViewController->presentingViewController = nullptr;
+  removePresented(presentedViewController);
   leftScreen(presentedViewController);
 }
 
@@ -66,6 +69,7 @@ void UIViewController::presentViewController(UIViewController* controller, bool 
   presentedViewController = controller;
   controller->presentingViewController = this;
   send(controller, "viewWillAppear:"_sel, animated);
+  showPresented(controller);
   beginTransition(Transition::Kind::presentation, controller, animated,
                   [shown = Ref<UIViewController>(controller), animated, block = BlockRef(completion)] {
                     send(shown.get(), "viewDidAppear:"_sel, animated);

@@ -10,6 +10,7 @@ struct UIViewController : Object {
   Ref<UIView> loadedView;  ///< nil until the view is asked for
   Ref<UIViewController> presentedViewController;
   UIViewController* presentingViewController = nullptr;
+  Ref<UIView> transitionView;  ///< while it is presented: what its view stands in
 
   ~UIViewController();
   /// Loads the view if need be.

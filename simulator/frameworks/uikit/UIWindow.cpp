@@ -93,6 +93,14 @@ UIWindow* keyWindow() {
   return key;
 }
 
+UIView* viewAt(CGPoint onScreen) {
+  const auto visible = visibleWindows();
+  for (auto window = visible.rbegin(); window != visible.rend(); ++window)
+    if (auto* hit = send<UIView*>(*window, "hitTest:withEvent:"_sel, onScreen - (*window)->frame.origin, id{nullptr}))
+      return hit;
+  return nullptr;
+}
+
 void defineUIWindow() {
   ClassBuilder<UIWindow, UIView>("UIWindow", "UIView")
       .property<&UIWindow::windowLevel>("windowLevel")

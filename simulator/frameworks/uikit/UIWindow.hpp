@@ -36,6 +36,9 @@ const std::vector<UIWindow*>& livingWindows();
 std::vector<UIWindow*> visibleWindows();
 /// The visible window that was last made key; nil if there is none.
 UIWindow* keyWindow();
+/// What a finger at that point of the screen comes down on: the frontmost view of the uppermost window that takes
+/// it; nil when none does.
+UIView* viewAt(CGPoint onScreen);
 
 void defineUIWindow();
 

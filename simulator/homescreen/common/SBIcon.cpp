@@ -1,6 +1,7 @@
 #include "simulator/homescreen/common/SBIcon.hpp"
 
 #include "platform/CoreFoundation.hpp"
+#include "simulator/homescreen/common/icons.hpp"
 
 namespace sim {
 namespace {
@@ -25,6 +26,7 @@ void SBIcon::setBadge(id value) {
   const bool empty =
       isKind(value, "NSString"_cls) ? text(value).empty() : send<NSInteger>(value, "integerValue"_sel) == 0;
   badge = empty ? nullptr : value;
+  if (SBIconView* view = viewOf(this)) view->updateBadge();
 }
 
 void SBIcon::launchFromLocationContextSettingsActions(NSInteger location, id context, id settings, id actions) {

@@ -1,25 +1,21 @@
-// The page of the home screen that the icons' views stand on.
+// A place of the home screen that icons' views stand in, row by row: a page, or the dock.
 #pragma once
-
-#include <map>
 
 #include "simulator/homescreen/common/SBIconView.hpp"
 
 namespace sim {
 
 struct SBIconListView : UIView {
-  std::map<id, Ref<SBIconView>> iconViews;
+  std::vector<Ref<SBIconView>> iconViews;  ///< in their order
 
-  /// Nil for an icon that has no view on this page.
+  /// Nil for an icon that has no view here.
   SBIconView* iconViewForIcon(id icon);
 
-  /// Makes the icon's view and puts it on the page.
-  void show(SBIcon* icon);
-  void remove(SBIcon* icon);
-  /// Puts the views in rows in the order of the icons, and lays each out.
-  void arrange(const std::vector<Ref<SBIcon>>& icons);
+  /// Puts the views in rows of so many columns, and lays each out.
+  void arrange(std::size_t columns, CGPoint first, CGSize pitch);
 };
 
+/// Defines the page and the dock, `SBDockIconListView`.
 void defineSBIconListView();
 
 }  // namespace sim

@@ -1,19 +1,33 @@
 #include "simulator/homescreen/common/SBIconView.hpp"
 
+#include "simulator/homescreen/common/SBApplicationIcon.hpp"
+#include "simulator/homescreen/common/measures.hpp"
+
 namespace sim {
 namespace {
-constexpr CGFloat side = 60;
-constexpr CGFloat labelHeight = 14;
-constexpr CGRect standardFrame{{0, 0}, {side, side + labelHeight}};
+
+constexpr CGFloat labelHeight = 14, labelFont = 12;
+constexpr CGFloat badgeSide = 24, badgeOverlap = 14, badgeFont = 16;
+
+CGRect pictureFrame() { return {{}, {measures().icon, measures().icon}}; }
+
+// What the application brings along; nil for what is no application, or has no picture.
+UIImage* pictureOf(SBIcon* icon) {
+  if (!isKind(icon, "SBApplicationIcon"_cls)) return nullptr;
+  const SBApplication* application = static_cast<SBApplicationIcon*>(icon)->application;
+  const auto& bundle = application->info->application.bundlePath;
+  return bundle.empty() ? nullptr : UIImage::imageWithContentsOfFile("UIImage"_cls, ns(bundle + "/Icon.png"));
+}
+
 }  // namespace
 
 SBIconView* SBIconView::setUp() {
-  auto* view = sendSuper<SBIconView*>(this, "UIView"_cls, "initWithFrame:"_sel, standardFrame);
+  const CGFloat side = measures().icon;
+  auto* view = sendSuper<SBIconView*>(this, "UIView"_cls, "initWithFrame:"_sel, CGRect{{}, {side, side + labelHeight}});
   if (view == nullptr) return nullptr;
-  view->iconImageView = make<UIImageView>("UIImageView"_cls);
-  view->labelView = make<UILabel>("UILabel"_cls);
-  send(view, "addSubview:"_sel, view->iconImageView.get());
-  send(view, "addSubview:"_sel, view->labelView.get());
+  view->iconImageView = addView<UIImageView>(view, "UIImageView"_cls, {});
+  view->labelView = addLabel(view, {}, nullptr, {.fontSize = labelFont});
+  view->labelView->textColor = send<UIColor*>("UIColor"_cls, "whiteColor"_sel);
   return view;
 }
 
@@ -33,6 +47,8 @@ SBIconView* SBIconView::initWithConfigurationOptionsProvider(NSUInteger, id) { r
 
 void SBIconView::setIcon(SBIcon* shown) {
   icon = shown;
+  iconImageView->image = pictureOf(shown);
+  updateBadge();
   send(this, "_updateLabel"_sel);
 }
 
@@ -46,8 +62,26 @@ id SBIconView::accessibilityLabel() { return send<id>(icon, "displayName"_sel); 
 
 void SBIconView::layoutSubviews() {
   sendSuper(this, "UIView"_cls, "layoutSubviews"_sel);
-  send(iconImageView, "setFrame:"_sel, CGRect{{0, 0}, {side, side}});
+  const CGFloat side = measures().icon;
+  send(iconImageView, "setFrame:"_sel, pictureFrame());
   send(labelView, "setFrame:"_sel, CGRect{{0, side}, {side, labelHeight}});
+}
+
+void SBIconView::updateBadge() {
+  if (badgeView) badgeView->removeFromSuperview();
+  badgeView = nullptr;
+  if (!icon->badge) return;
+  const CGPoint corner{measures().icon - badgeOverlap, badgeOverlap - badgeSide};
+  badgeView = addLabel(this, {corner, {badgeSide, badgeSide}}, ns(text(icon->badge)), {.fontSize = badgeFont});
+  badgeView->textColor = send<UIColor*>("UIColor"_cls, "whiteColor"_sel);
+  badgeView->backgroundColor =
+      send<UIColor*>("UIColor"_cls, "colorWithRed:green:blue:alpha:"_sel, 1.0, 0.23, 0.19, 1.0);
+  badgeView->layer()->cornerRadius = badgeSide / 2;
+}
+
+void SBIconView::removeLabel() {
+  labelView->removeFromSuperview();
+  labelView = nullptr;
 }
 
 void defineSBIconView(Generation generation) {

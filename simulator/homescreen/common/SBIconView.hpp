@@ -12,6 +12,7 @@ struct SBIconView : UIView {
   // A view that no initialiser has set up has neither.
   Ref<UIImageView> iconImageView;
   Ref<UILabel> labelView;
+  Ref<UILabel> badgeView;  ///< nil without a badge
 
   /// The old generation's initialiser.
   SBIconView* initWithContentType(NSUInteger contentType);
@@ -26,6 +27,10 @@ struct SBIconView : UIView {
   /// What is spoken to a person who cannot see the icon: its name, read anew.
   id accessibilityLabel();
   void layoutSubviews();
+  /// Reads the icon's badge anew.
+  void updateBadge();
+  /// An icon in the dock has none.
+  void removeLabel();
 
  private:
   SBIconView* setUp();

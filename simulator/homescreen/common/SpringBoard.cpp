@@ -5,6 +5,8 @@
 #include "simulator/frameworks/uikit/UIScreen.hpp"
 #include "simulator/homescreen/common/SBApplicationController.hpp"
 #include "simulator/homescreen/common/icons.hpp"
+#include "simulator/homescreen/common/windows.hpp"
+#include "simulator/runtime/main_queue.hpp"
 
 namespace sim {
 namespace {
@@ -21,13 +23,13 @@ std::string applicationForScheme(const std::string& scheme) {
 }  // namespace
 
 void SpringBoard::applicationDidFinishLaunching(id) {
-  window = Ref<UIWindow>::adopt(
-      send<UIWindow*>(send<id>("UIWindow"_cls, "alloc"_sel), "initWithFrame:"_sel, screenBounds()));
-  send(iconPage(), "setFrame:"_sel, screenBounds());
-  send(window, "addSubview:"_sel, iconPage());
+  window = systemWindow(SystemWindow::icons);
+  window->frame = screenBounds();
+  window->attach(rootFolder());
   send(window, "makeKeyAndVisible"_sel);
   setURLSchemeLookup([](const std::string& scheme) { return !applicationForScheme(scheme).empty(); });
   readInstalled();
+  atEndOfTurn(updateWindows);
 }
 
 void SpringBoard::openURL(id url, id options, const BlockLiteral* completion) {

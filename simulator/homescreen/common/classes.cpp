@@ -8,14 +8,17 @@
 #include "simulator/homescreen/common/SBIconModel.hpp"
 #include "simulator/homescreen/common/SBNCScreenController.hpp"
 #include "simulator/homescreen/common/SBNCSoundController.hpp"
+#include "simulator/homescreen/common/SBRootFolderView.hpp"
 #include "simulator/homescreen/common/SBSApplicationShortcutItem.hpp"
 #include "simulator/homescreen/common/SpringBoard.hpp"
 #include "simulator/homescreen/common/platform_actions.hpp"
+#include "simulator/homescreen/common/windows.hpp"
 
 namespace sim {
 
 void defineHomeScreenClasses() {
   defineSpringBoard();
+  defineSystemWindows();
   defineSBApplicationInfo();
   defineSBApplication();
   defineSBApplicationController();
@@ -27,6 +30,7 @@ void defineHomeScreenClasses() {
   defineSBIconModel();
   defineSBIconView(home().generation);
   defineSBIconListView();
+  defineSBRootFolderView();
   defineSBSApplicationShortcutCustomImageIcon();
   defineSBSApplicationShortcutItem();
   defineNCNotificationRequest();

@@ -2,7 +2,7 @@
 // Icons go by their bundle identifier, web pages by their title.
 #pragma once
 
-#include "simulator/frameworks/uikit/geometry.hpp"
+#include "simulator/frameworks/uikit/UIScreen.hpp"
 #include "simulator/homescreen/common/platform_actions.hpp"
 
 namespace sim::gestures {
@@ -18,7 +18,7 @@ void forceTouch(const std::string& icon);
 void choose(const std::string& title);
 /// The open quick-action list.
 struct QuickActions {
-  std::string icon;  ///< the icon's bundle identifier
+  Ref<SBIconView> icon;
   std::vector<QuickActionEntry> entries;
 };
 /// None while no list is open.
@@ -26,6 +26,14 @@ const std::optional<QuickActions>& quickActions();
 
 /// Taps an icon.
 void launch(const std::string& icon);
+/// A finger taps on a point of the screen, whatever is there.
+void touchAt(CGPoint point);
+/// A finger comes down on a point and moves, one touch movement a sample. Sideways over the icons it turns the page.
+void drag(CGPoint start, const std::vector<CGPoint>& samples);
+/// Presses the home button twice, or swipes up and holds.
+void openSwitcher();
+/// Turns the device. What the home screen shows is laid out anew.
+void rotate(Orientation held);
 /// The home button: closes the list, ends editing, goes back from an application.
 void pressHome();
 void setEditing(bool on);

@@ -50,6 +50,7 @@ struct Home {
   bool locked = false;
   bool poweringDown = false;
   bool editing = false;
+  bool switcherOpen = false;
   std::string frontmost;              ///< the open application; empty on the home screen
   std::vector<std::string> switcher;  ///< bundle identifiers, latest first
   std::vector<std::string> events;

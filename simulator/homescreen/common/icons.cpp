@@ -1,9 +1,12 @@
 #include "simulator/homescreen/common/icons.hpp"
 
+#include <algorithm>
 #include <set>
 
 #include "simulator/homescreen/common/SBApplicationController.hpp"
 #include "simulator/homescreen/common/badge_store.hpp"
+#include "simulator/homescreen/common/measures.hpp"
+#include "simulator/homescreen/common/property_list.hpp"
 #include "simulator/homescreen/common/shared_instance.hpp"
 
 namespace sim {
@@ -29,11 +32,19 @@ std::string ownName(const std::string& bundleIdentifier) {
   return text(send<id>(send<id>(known, "info"_sel), "displayName"_sel));
 }
 
+// Whether the user has put the application in the dock. The dock takes no more than it has places.
+bool belongsInDock(SBIcon* icon) {
+  auto docked = arrayIn(dictionaryAt("/var/mobile/Library/SpringBoard/IconState.plist"), "buttonBar", "NSString"_cls);
+  docked.resize(std::min(docked.size(), measures().dockColumns));
+  const std::string identifier = bundleIdentifierOf(icon);
+  return std::any_of(docked.begin(), docked.end(), [&](id each) { return text(each) == identifier; });
+}
+
 // Adds a new icon of the class, initialised with one object.
 SBIcon* addIcon(Class cls, SEL initialiser, id content) {
   auto* icon = send<SBIcon*>(send<id>(cls, "alloc"_sel), initialiser, content);
   iconModel()->icons.push_back(Ref<SBIcon>::adopt(icon));
-  iconPage()->show(icon);
+  rootFolder()->show(icon, belongsInDock(icon));
   return icon;
 }
 
@@ -67,7 +78,7 @@ void removeMissing(const std::vector<InstalledApplication>& installed, const std
 }  // namespace
 
 SBIconModel* iconModel() { return static_cast<SBIconModel*>(sharedInstance("SBIconModel"_cls)); }
-SBIconListView* iconPage() { return static_cast<SBIconListView*>(sharedInstance("SBIconListView"_cls)); }
+SBRootFolderView* rootFolder() { return static_cast<SBRootFolderView*>(sharedInstance("SBRootFolderView"_cls)); }
 
 void readInstalled() {
   const auto installed = installedApplications();
@@ -79,7 +90,7 @@ void readInstalled() {
   showIcons();
 }
 
-void showIcons() { iconPage()->arrange(iconModel()->icons); }
+void showIcons() { rootFolder()->arrange(iconModel()->icons); }
 
 SBIcon* requireIcon(const std::string& idOrTitle) {
   SBIcon* icon = iconOfApplication(idOrTitle);
@@ -88,7 +99,7 @@ SBIcon* requireIcon(const std::string& idOrTitle) {
   return icon;
 }
 
-SBIconView* viewOf(SBIcon* icon) { return send<SBIconView*>(iconPage(), "iconViewForIcon:"_sel, icon); }
+SBIconView* viewOf(SBIcon* icon) { return send<SBIconView*>(rootFolder(), "iconViewForIcon:"_sel, icon); }
 
 void addDownloadingIcon(const std::string& bundleIdentifier) {
   if (iconOfApplication(bundleIdentifier) != nullptr)
@@ -102,7 +113,7 @@ void addDownloadingIcon(const std::string& bundleIdentifier) {
 void removeIcon(SBIcon* icon) {
   const Ref<SBIcon> kept = icon;
   const std::string identifier = bundleIdentifierOf(icon);
-  iconPage()->remove(icon);
+  rootFolder()->remove(icon);
   std::erase(iconModel()->icons, kept);
   SBApplicationController::shared()->remove(identifier);
   std::erase(home().switcher, identifier);

@@ -5,7 +5,7 @@
 namespace sim::old {
 
 id SBIconViewMap::iconModel() { return sim::iconModel(); }
-id SBIconViewMap::iconViewForIcon(id icon) { return send<id>(iconPage(), "iconViewForIcon:"_sel, icon); }
+id SBIconViewMap::iconViewForIcon(id icon) { return send<id>(rootFolder(), "iconViewForIcon:"_sel, icon); }
 
 void defineSBIconViewMap() {
   ClassBuilder<SBIconViewMap>("SBIconViewMap", "NSObject")

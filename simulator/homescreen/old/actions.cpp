@@ -32,18 +32,12 @@ void launch(SBIcon* icon, const std::string& identifier) {
        ns("actions for " + identifier));
 }
 
-std::string describe(UIImage* image) {
-  if (image == nullptr) return {};
-  if (image->path.empty()) return "PNG of " + std::to_string(send<NSUInteger>(image->data, "length"_sel)) + " bytes";
-  return image->path + (image->renderingMode == UIImageRenderingMode::alwaysTemplate ? " (template)" : "");
-}
-
 std::vector<QuickActionEntry> openQuickActions(SBIconView* view) {
   auto* controller = old::SBUIAppIconForceTouchController::shared();
   controller->open(view);
   std::vector<QuickActionEntry> entries;
   for (old::SBUIAction* action : controller->actions)
-    entries.push_back({text(action->title), text(action->subtitle), describe(action->image)});
+    entries.push_back({text(action->title), text(action->subtitle), description(action->image)});
   return entries;
 }
 

@@ -1,0 +1,307 @@
+// Where everything that is seen stands, and how large it is.
+#include <set>
+
+#include "tests/homescreen/views.hpp"
+
+namespace {
+
+using sim::Frame;
+using test::bottom;
+using test::caption;
+using test::viewsOf;
+using test::windowNamed;
+
+const std::string app = "com.example.test";
+const std::string notes = "com.example.notes";
+
+class Measures : public test::Generations {
+ protected:
+  double statusBar() const { return isOld() ? 20 : 44; }
+  double belowSheets() const { return isOld() ? 8 : 34; }
+};
+
+}  // namespace
+INSTANTIATE_TEST_SUITE_P(, Measures, test::bothGenerations, test::generationName);
+
+TEST_P(Measures, ThePhoneOfEachGeneration) {
+  EXPECT_EQ(home.screen().bounds, bounds());
+  EXPECT_EQ(windowNamed(home.screen(), "the home screen")->frame, bounds());
+}
+
+TEST_P(Measures, ATabletIsLarger) {
+  home.options().tablet = true;
+  EXPECT_EQ(home.screen().bounds, (Frame{0, 0, 768, 1024}));
+  EXPECT_EQ(home.icon(notes).frame.width, 76);
+}
+
+TEST_P(Measures, IconsStandInFourColumns) {
+  const auto icons = home.screen().icons;
+  ASSERT_GT(icons.size(), 8U);
+  const double first = isOld() ? 28 : 72;
+  const double row = isOld() ? 88 : 102;
+  for (std::size_t i = 0; i < icons.size(); ++i) {
+    const auto column = static_cast<double>(i % 4);
+    const auto below = static_cast<double>(i / 4);
+    EXPECT_EQ(icons[i].frame, (Frame{27 + 87 * column, first + row * below, 60, 74})) << icons[i].label;
+    EXPECT_EQ(icons[i].page, 1);
+  }
+}
+
+TEST_P(Measures, AnIconIsAPictureWithALabelBelowAndABadgeAtItsCorner) {
+  for (const auto& [icon, frame] : viewsOf(home.screen(), "SBIconView")) {
+    const auto& picture = icon.subviews.at(0);
+    EXPECT_EQ(picture.frame, (Frame{0, 0, 60, 60}));
+    const auto& label = icon.subviews.at(1);
+    EXPECT_EQ(label.frame, (Frame{0, 60, 60, 14}));
+    EXPECT_EQ(label.fontSize, 12);
+    if (label.text == "Notes") {
+      EXPECT_NE(picture.image.find("/Notes.app/Icon.png"), std::string::npos) << picture.image;
+      EXPECT_EQ(icon.subviews.at(2).frame, (Frame{46, -10, 24, 24}));
+      EXPECT_EQ(icon.subviews.at(2).text, "3");
+      EXPECT_EQ(icon.subviews.at(2).background, (sim::Color{1, 0.23, 0.19, 1}));
+    } else if (label.text == "Weather") {
+      EXPECT_EQ(icon.subviews.size(), 2U);
+    }
+  }
+}
+
+TEST_P(Measures, TheBadgeFollowsTheIcon) {
+  home.install({});
+  home.setBadge(app, 4);
+  EXPECT_EQ(home.icon(app).badge, "4");
+  home.openMenu();
+  home->tap("Clear Badges").advance(1);
+  EXPECT_EQ(home.icon(app).badge, "");
+  home.openMenu();
+  home->tap("Set Badges").type("12").tap("Apply");
+  EXPECT_EQ(home.icon(app).badge, "12");
+}
+
+TEST_P(Measures, TheStatusBarTellsTheTime) {
+  home.options().clock = 1709820309;  // 2024-03-07 14:05:09
+  home.options().timeZone = "UTC";
+  const auto seen = home.screen();
+  const auto* bar = windowNamed(seen, "the status bar");
+  ASSERT_NE(bar, nullptr);
+  EXPECT_EQ(bar->frame, (Frame{0, 0, 375, statusBar()}));
+  EXPECT_EQ(bar->views.at(0).text, "14:05");
+  home->advance(60);
+  EXPECT_EQ(windowNamed(home.screen(), "the status bar")->views.at(0).text, "14:06");
+}
+
+// Pages and dock
+
+TEST_P(Measures, WhatDoesNotFitGoesOnTheNextPage) {
+  for (int i = 0; i < 20; ++i) {
+    const std::string number = std::to_string(10 + i);
+    home.install({.id = "com.example.z" + number, .name = "Z" + number, .folder = "Z" + number + ".app"});
+  }
+  const auto seen = home.screen();
+  EXPECT_EQ(seen.pages, 2);
+  EXPECT_EQ(seen.page, 1);
+  ASSERT_GT(seen.icons.size(), 24U);
+  EXPECT_EQ(seen.icons[23].page, 1);
+  EXPECT_EQ(seen.icons[24].page, 2);
+  EXPECT_EQ(seen.icons[24].frame.x, 375 + 27);
+  EXPECT_EQ(seen.icons[24].frame.y, seen.icons[0].frame.y);
+}
+
+TEST_P(Measures, ThePageIsTurnedByADrag) {
+  for (int i = 0; i < 20; ++i) {
+    const std::string number = std::to_string(10 + i);
+    home.install({.id = "com.example.z" + number, .name = "Z" + number, .folder = "Z" + number + ".app"});
+  }
+  const std::string last = "com.example.z29";
+  EXPECT_EQ(test::refusal([&] { home->touch(last); }), "\"com.example.z29\" is on page 2, and page 1 is shown");
+  test::drag(home, 200, 500, -40, 0);
+  EXPECT_EQ(home.screen().page, 1) << "not far enough";
+  test::drag(home, 200, 500, -100, 0);
+  EXPECT_EQ(home.screen().page, 2);
+  EXPECT_EQ(home.icon(last).frame.x, 27 + 87 * ((home.screen().icons.size() - 26) % 4));
+  home.openMenu(last);
+  EXPECT_EQ(home.alert().title, "Z29");
+  home->tap("Cancel");
+  test::drag(home, 200, 500, -100, 0);
+  EXPECT_EQ(home.screen().page, 2) << "it is the last";
+  test::drag(home, 200, 500, 100, 0);
+  EXPECT_EQ(home.screen().page, 1);
+}
+
+TEST_P(Measures, TheDockHoldsWhatTheUserPutThere) {
+  sim::PropertyList(nlohmann::ordered_json{{"buttonBar", {notes, "com.example.weather"}}})
+      .write(home.path("/var/mobile/Library/SpringBoard/IconState.plist"));
+  const auto seen = home.screen();
+  const auto docks = viewsOf(seen, "SBDockIconListView");
+  ASSERT_EQ(docks.size(), 1U);
+  EXPECT_EQ(docks[0].frame, isOld() ? (Frame{0, 571, 375, 96}) : (Frame{12, 704, 351, 96}));
+  EXPECT_EQ(docks[0].view.subviews.size(), 2U);
+  const auto* docked = seen.icon(notes);
+  EXPECT_FALSE(docked->page);
+  EXPECT_TRUE(docked->labelHidden);
+  EXPECT_EQ(docked->label, "");
+  EXPECT_EQ(docked->frame.x, 27);
+  EXPECT_GE(docked->frame.y, docks[0].frame.y);
+  home.openMenu(notes);
+  EXPECT_EQ(home.alert().title, "Notes");
+}
+
+// Sheets and alerts
+
+TEST_P(Measures, ASheetFillsTheWidthButForItsMargins) {
+  home.removeFileManager();
+  home.openMenu(notes);
+  const auto rows = viewsOf(home.screen(), "_UIAlertControllerActionView");
+  ASSERT_EQ(rows.size(), home.buttons().size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    EXPECT_EQ(rows[i].frame.x, 8);
+    EXPECT_EQ(rows[i].frame.width, 375 - 16);
+    EXPECT_EQ(rows[i].frame.height, 57);
+    EXPECT_EQ(caption(rows[i]), home.buttons()[i]);
+  }
+}
+
+TEST_P(Measures, TheCancelButtonStandsApartAtTheLowerEdge) {
+  home.install({});
+  home->touch(app).perform("muteNotifications");
+  const auto rows = viewsOf(home.screen(), "_UIAlertControllerActionView");
+  const auto& cancel = rows.back();
+  ASSERT_EQ(caption(cancel), "Cancel");
+  EXPECT_EQ(bottom(cancel.frame), bounds().height - belowSheets());
+  EXPECT_EQ(bottom(rows[rows.size() - 2].frame) + 8, cancel.frame.y);
+}
+
+TEST_P(Measures, AListThatIsTooLongScrolls) {
+  home.install({});
+  home.setBadge(app, 4);
+  std::filesystem::create_directories(home.path("/var/mobile/Documents/Sprigdial/" + app));
+  home.openMenu();
+  const auto before = viewsOf(home.screen(), "UIScrollView");
+  const auto& list = before.back();
+  ASSERT_EQ(list.view.subviews.size(), 14U);
+  EXPECT_LT(list.frame.height, 14 * 57);
+  EXPECT_GE(list.frame.y, statusBar());
+  EXPECT_EQ(list.view.scrolledY, 0);
+  home->tap("Open App");
+  EXPECT_EQ(home.screen().frontmost, app);
+}
+
+TEST_P(Measures, AnAlertStandsInTheMiddle) {
+  home.install({});
+  home->touch(app).perform("clearCaches");
+  const auto seen = home.screen();
+  const auto alert = viewsOf(seen, "_UIAlertControllerView").at(0).frame;
+  EXPECT_EQ(alert.width, 270);
+  EXPECT_EQ(alert.x, (375 - 270) / 2.0);
+  EXPECT_NEAR(alert.y + alert.height / 2, bounds().height / 2, 0.5);
+  const auto rows = viewsOf(seen, "_UIAlertControllerActionView");
+  ASSERT_EQ(rows.size(), 2U);
+  EXPECT_EQ(caption(rows[0]), "Cancel");
+  EXPECT_EQ(caption(rows[1]), "YES");
+  for (const auto& row : rows) {
+    EXPECT_EQ(row.frame.height, 44);
+    EXPECT_EQ(row.frame.width, 135);
+    EXPECT_EQ(row.frame.y, rows[0].frame.y);
+  }
+}
+
+TEST_P(Measures, WhatLiesBehindIsDimmed) {
+  home.openMenu(notes);
+  const auto dimming = viewsOf(home.screen(), "UIDimmingView");
+  ASSERT_EQ(dimming.size(), 1U);
+  EXPECT_EQ(dimming[0].frame, bounds());
+  EXPECT_EQ(dimming[0].view.background, (sim::Color{0, 0, 0, 0.4}));
+}
+
+TEST_P(Measures, TheKeyboardIsUpWhileATextFieldHasTheFocus) {
+  home.install({});
+  EXPECT_EQ(windowNamed(home.screen(), "the keyboard"), nullptr);
+  home->touch(app).perform("setBadges");
+  auto seen = home.screen();
+  const auto* keyboard = windowNamed(seen, "the keyboard");
+  ASSERT_NE(keyboard, nullptr);
+  const double height = isOld() ? 216 : 291;
+  EXPECT_EQ(keyboard->frame, (Frame{0, bounds().height - height, 375, height}));
+  EXPECT_EQ(keyboard->views.at(0).identifier, "number pad");
+  const auto field = viewsOf(seen, "UITextField").at(0);
+  EXPECT_TRUE(field.view.focused);
+  EXPECT_EQ(field.frame.height, 30);
+  const auto alert = viewsOf(seen, "_UIAlertControllerView").at(0).frame;
+  EXPECT_NEAR(alert.y + alert.height / 2, (bounds().height - height) / 2, 0.5);
+  home->type("7");
+  EXPECT_EQ(viewsOf(home.screen(), "UITextField").at(0).view.text, "7");
+  home->tap("Cancel");
+  EXPECT_EQ(windowNamed(home.screen(), "the keyboard"), nullptr);
+}
+
+// The rest
+
+TEST_P(Measures, TheQuickActionListStandsByItsIcon) {
+  home->forceTouch(notes);
+  const auto seen = home.screen();
+  const auto rows = viewsOf(seen, "SBUIActionView");
+  ASSERT_EQ(rows.size(), seen.quickActions->entries.size());
+  const auto icon = seen.icon(notes)->frame;
+  EXPECT_EQ(rows[0].frame.y, bottom(icon) + 8);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    EXPECT_EQ(rows[i].frame.height, isOld() ? 62 : 44);
+    if (!isOld()) {
+      EXPECT_EQ(rows[i].frame.width, 250);
+    }
+    EXPECT_EQ(caption(rows[i]), seen.quickActions->entries[i].title);
+    EXPECT_GE(rows[i].frame.x, 8);
+    EXPECT_LE(test::right(rows[i].frame), 375 - 8);
+  }
+}
+
+TEST_P(Measures, AnOpenApplicationFillsTheScreen) {
+  home->launch(notes);
+  const auto seen = home.screen();
+  const auto view = viewsOf(seen, "SBApplicationView").at(0);
+  EXPECT_EQ(view.frame, bounds());
+  EXPECT_EQ(view.view.identifier, notes);
+  home->home();
+  EXPECT_TRUE(viewsOf(home.screen(), "SBApplicationView").empty());
+}
+
+TEST_P(Measures, ABannerHangsBelowTheStatusBar) {
+  home->notify(notes, "first").notify("com.example.mail", "second");
+  const auto banners = viewsOf(home.screen(), "NCNotificationView");
+  ASSERT_EQ(banners.size(), 2U);
+  EXPECT_EQ(banners[1].frame, (Frame{8, statusBar(), 375 - 16, 94}));
+  EXPECT_EQ(banners[1].view.identifier, "com.example.mail");
+  EXPECT_EQ(caption(banners[1]), "second");
+}
+
+TEST_P(Measures, TheLockScreenListsItsNotifications) {
+  home->lock().screenOn().notify(notes, "first").notify(notes, "second");
+  const auto seen = home.screen();
+  ASSERT_TRUE(seen.locked);
+  const auto* window = windowNamed(seen, "the lock screen");
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(window->frame, bounds());
+  ASSERT_EQ(window->views.size(), 3U);
+  EXPECT_GT(window->views[2].frame.y, bottom(window->views[1].frame));
+  EXPECT_EQ(window->views[2].subviews.at(0).text, "second");
+}
+
+TEST_P(Measures, ThePowerSliderLiesOverEverything) {
+  home->powerDown();
+  const auto seen = home.screen();
+  EXPECT_EQ(seen.tree.back().name, "the power slider");
+  EXPECT_EQ(viewsOf(seen, "_UIActionSlider").at(0).frame.width, 280);
+  test::touch(home, viewsOf(seen, "SBPowerDownCancelButton").at(0).frame);
+  EXPECT_FALSE(home.screen().poweringDown);
+}
+
+TEST_P(Measures, TheSwitcherShowsACardForEachApplication) {
+  home->launch(notes).home().launch("com.example.weather").home().ask("switcher");
+  auto seen = home.screen();
+  const auto cards = viewsOf(seen, "SBAppSwitcherItem");
+  ASSERT_EQ(cards.size(), 2U);
+  EXPECT_EQ(cards[0].view.identifier, "com.example.weather");
+  EXPECT_EQ(cards[1].view.identifier, notes);
+  test::touch(home, cards[1].frame);
+  seen = home.screen();
+  EXPECT_EQ(seen.frontmost, notes);
+  EXPECT_EQ(windowNamed(seen, "the application switcher"), nullptr);
+}
