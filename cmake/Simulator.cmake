@@ -21,8 +21,10 @@ endif()
 file(GLOB_RECURSE process_sources CONFIGURE_DEPENDS
   simulator/runtime/*.cpp simulator/runtime/*.S simulator/frameworks/*.cpp simulator/homescreen/*.cpp
   simulator/control/agent/*.cpp)
-add_library(simulator_process OBJECT ${process_sources} simulator/device/clock.cpp simulator/device/messages.cpp)
+add_library(simulator_process OBJECT ${process_sources} simulator/device/messages.cpp)
 target_link_libraries(simulator_process PUBLIC simulator_options)
+target_precompile_headers(simulator_process PRIVATE <nlohmann/json.hpp> simulator/homescreen/common/home.hpp
+  simulator/runtime/class_builder.hpp)
 
 # GCC's runtime and Foundation are looked up by name at run time, and only by the add-on in part: keep them.
 execute_process(COMMAND gcc -print-file-name=libobjc.so OUTPUT_VARIABLE objc_library OUTPUT_STRIP_TRAILING_WHITESPACE)
@@ -48,9 +50,9 @@ link_home_screen_process(installd)
 # What a person can do and see, from outside the device.
 file(GLOB control_sources CONFIGURE_DEPENDS simulator/control/*.cpp simulator/device/*.cpp
   simulator/preferences/*.cpp)
-list(REMOVE_ITEM control_sources ${PROJECT_SOURCE_DIR}/simulator/device/clock.cpp)
 add_library(simulator_control STATIC ${control_sources})
 target_link_libraries(simulator_control PUBLIC simulator_options PRIVATE PkgConfig::PLIST PkgConfig::ARCHIVE)
+target_precompile_headers(simulator_control PRIVATE simulator/control/home_screen.hpp)
 
 add_executable(home-screen simulator/home_screen.cpp)
 target_link_libraries(home-screen PRIVATE simulator_control)

@@ -48,6 +48,10 @@ install_packages() {
 build() {
   local preset=$1
   shift
+  if command -v ccache >/dev/null; then
+    # Precompiled headers are found in the cache only so.
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_SLOPPINESS=pch_defines,time_macros
+  fi
   [[ -f build/$preset/build.ninja ]] || quietly "Configuring $preset" cmake --preset "$preset"
   say "Building $preset"
   quietly "Building $preset" cmake --build --preset "$preset" ${1:+--target "$@"}

@@ -54,6 +54,7 @@ void HomeScreen::start() {
   if (options_.coreVersion) command.insert(command.end(), {"--core-version", number(*options_.coreVersion)});
   if (options_.tablet) command.emplace_back("--tablet");
   if (options_.clock) command.insert(command.end(), {"--clock", number(*options_.clock)});
+  if (uptime_) command.insert(command.end(), {"--uptime", std::to_string(*uptime_)});
   if (options_.live) command.emplace_back("--live");
   if (!options_.library.empty()) command.insert(command.end(), {"--library", options_.library});
   for (const auto& method : options_.interposed) command.insert(command.end(), {"--interpose", method});
@@ -71,6 +72,7 @@ void HomeScreen::start() {
 
 void HomeScreen::startAnew(const std::function<void(SandboxedProcess&)>& end) {
   options_.clock = now();
+  uptime_ = ask("uptime").get<std::int64_t>();
   end(*process_);
   process_.reset();
   start();
@@ -112,7 +114,6 @@ HomeScreen& HomeScreen::choose(std::string_view title) { return act("choose", {{
 HomeScreen& HomeScreen::tap(std::string_view title) { return act("tap", {{"title", title}}); }
 HomeScreen& HomeScreen::tapAndGoOn(std::string_view title) { return act("tap", {{"title", title}, {"goOn", true}}); }
 HomeScreen& HomeScreen::tapLate(std::string_view title) { return act("tap", {{"title", title}, {"late", true}}); }
-HomeScreen& HomeScreen::finishTap() { return act("finishTap"); }
 HomeScreen& HomeScreen::type(std::string_view text) { return act("type", {{"text", text}}); }
 HomeScreen& HomeScreen::paste(std::string_view text) { return act("paste", {{"text", text}}); }
 HomeScreen& HomeScreen::clear() { return act("clear"); }
@@ -164,6 +165,9 @@ HomeScreen& HomeScreen::advance(double seconds) {
   if (!std::isfinite(seconds) || seconds < 0) throw BadInput("the clock only runs forwards");
   return act("advance", {{"seconds", seconds}});
 }
+
+HomeScreen& HomeScreen::animations(bool on) { return act("animations", {{"on", on}}); }
+HomeScreen& HomeScreen::setClock(double seconds) { return act("setClock", {{"seconds", seconds}}); }
 
 HomeScreen& HomeScreen::rescan() { return act("rescan"); }
 

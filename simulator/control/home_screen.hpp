@@ -1,6 +1,7 @@
 // The home screen as a person has it in the hand: everything he can do, and everything he can see.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -73,12 +74,12 @@ class HomeScreen {
   HomeScreen& forceTouch(std::string_view id);
   /// Chooses an entry of the open quick-action list.
   HomeScreen& choose(std::string_view title);
-  /// Taps a button of the topmost window's sheet or alert.
+  /// Taps a button of the topmost window's sheet or alert. As much time passes as the alert takes to come, if it still
+  /// does, and to go; then the button's handler has run.
   HomeScreen& tap(std::string_view title);
-  /// The same, but the button's handler runs only when the tap is finished, long after the alert has gone.
+  /// The same, but no time passes once the finger is lifted: the alert has still to go, before the button's handler
+  /// runs.
   HomeScreen& tapLate(std::string_view title);
-  /// Finishes the first of the late taps.
-  HomeScreen& finishTap();
   /// The same as a tap, but goes on when the tap starts a program that the home screen then waits for. Until the
   /// program's end the screen can be looked at; whatever else is done waits for it.
   HomeScreen& tapAndGoOn(std::string_view title);
@@ -126,8 +127,12 @@ class HomeScreen {
   HomeScreen& flush();
   /// Posts a Darwin notification.
   HomeScreen& post(std::string_view name);
-  /// Lets the clock run on.
+  /// Lets time pass.
   HomeScreen& advance(double seconds);
+  /// Sets the clock, in seconds since 1970, forwards or backwards. No time passes.
+  HomeScreen& setClock(double seconds);
+  /// Whether sheets and alerts take their time to come and to go.
+  HomeScreen& animations(bool on);
   /// Looks for applications that came or went on the device.
   HomeScreen& rescan();
   /// Sends a message without arguments to the menu host, or to the shared object of the class named.
@@ -220,6 +225,7 @@ class HomeScreen {
   Device device_;
   PreferencesDaemon preferences_;
   std::unique_ptr<SandboxedProcess> process_;
+  std::optional<std::int64_t> uptime_;  ///< in nanoseconds, of the home screen before
   std::string unread_;
   double seconds_ = 0;
 };

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
-#include <cstring>
 #include <list>
 #include <stdexcept>
 #include <utility>
@@ -36,9 +35,6 @@ std::list<Interposed>& interposed() {
   static auto* const methods = new std::list<Interposed>;
   return *methods;
 }
-
-// Selectors of one name are many, since they may carry types.
-bool isNamed(SEL selector, SEL other) { return std::strcmp(sel_getName(selector), sel_getName(other)) == 0; }
 
 bool isBelow(Class cls, Class superclass) {
   while (cls != nullptr && cls != superclass) cls = class_getSuperclass(cls);

@@ -6,11 +6,11 @@
 
 namespace sim {
 
-/// Runs everything that is due now, on the main queue and the run loop, including what that work adds for now.
+/// Runs everything that is due now, including what that work adds for now.
 void runDueWork();
-/// Lets the clock run on by that many nanoseconds. Work runs at its own moment, in order.
+/// Lets that many nanoseconds pass. Work runs at its own moment, in order.
 void advanceClock(std::int64_t nanoseconds);
-/// When the next delayed work is due, in the clock's nanoseconds; none when nothing waits.
+/// The moment at which the next delayed work is due, as `clock::passed` counts; none when nothing waits.
 std::optional<std::int64_t> nextDueTime();
 
 }  // namespace sim

@@ -1,5 +1,7 @@
 #include "simulator/runtime/objc.hpp"
 
+#include <cstring>
+
 namespace sim {
 
 id ns(const std::string& utf8) { return send<id>("NSString"_cls, "stringWithUTF8String:"_sel, utf8.c_str()); }
@@ -24,6 +26,8 @@ std::vector<id> elements(id array) {
 id array(const std::vector<id>& objects) {
   return send<id>("NSArray"_cls, "arrayWithObjects:count:"_sel, objects.data(), NSUInteger{objects.size()});
 }
+
+bool isNamed(SEL selector, SEL other) { return std::strcmp(sel_getName(selector), sel_getName(other)) == 0; }
 
 bool isKind(id object, Class cls) { return send<BOOL>(object, "isKindOfClass:"_sel, cls); }
 

@@ -69,6 +69,8 @@ std::optional<std::string> textOrNone(id object);
 std::vector<id> elements(id array);
 /// An `NSArray` of these objects; autoreleased.
 id array(const std::vector<id>& objects);
+/// Whether two selectors have the same name: several may have it, since they may carry types.
+bool isNamed(SEL selector, SEL other);
 /// Whether the object is of that class or a subclass of it; NO for nil.
 bool isKind(id object, Class cls);
 

@@ -120,7 +120,8 @@ TEST_P(Probes, WhatIsCaughtLeavesNothingBehind) {
 TEST_P(Probes, WhatIsDueMayRaiseAndTheRestIsDoneAllTheSame) {
   interpose({appeared});
   home->interpose(appeared, {{"do", "raise"}});
-  EXPECT_TRUE(home->raises("swipe", {{"id", app}, {"samples", {{0, -20}}}}));
+  home.openMenu();
+  EXPECT_TRUE(home->raises("advance", {{"seconds", 1}}));
   EXPECT_TRUE(home.showsAlert());
   home->tap("Copy BundleID");
   home->advance(1);
@@ -189,34 +190,6 @@ TEST_P(Probes, WhatHappensBeforeACallMayRaise) {
   caught["catching"] = true;
   home->interpose(sound, {{"do", "perform"}, {"requests", {caught}}});
   EXPECT_FALSE(soundRaises());
-}
-
-TEST_P(Probes, ALateTapsHandlerRunsWhenTheTapIsFinished) {
-  home.openMenu();
-  home->tapLate("Copy BundleID");
-  home->advance(1);
-  EXPECT_FALSE(home.showsAlert());
-  EXPECT_FALSE(home->pasteboard());
-  home->finishTap();
-  EXPECT_EQ(home->pasteboard().value().text, app);
-  EXPECT_THROW(home->finishTap(), sim::BadInput);
-}
-
-TEST_P(Probes, LateTapsFinishInTheirOrderAndOthersGoOnMeanwhile) {
-  for (const char* button : {"Copy BundleID", "Mute Notification"}) {
-    home.openMenu();
-    home->tapLate(button);
-    home->advance(1);
-  }
-  home.openMenu();
-  home->tap("Cancel").advance(1);
-  EXPECT_FALSE(home->pasteboard());
-  EXPECT_EQ(home.live("UIAlertController"), 0);
-  home->finishTap();
-  EXPECT_TRUE(home->pasteboard());
-  EXPECT_FALSE(home.showsAlert());
-  home->finishTap().advance(1);
-  EXPECT_TRUE(home.showsAlert());
 }
 
 TEST_P(Probes, ArgumentsReachThePlatformAsTheyAre) {

@@ -7,6 +7,7 @@
 #include "simulator/device/files.hpp"
 #include "tests/support/archive.hpp"
 #include "tests/support/command.hpp"
+#include "tests/support/places.hpp"
 
 namespace {
 
@@ -24,7 +25,8 @@ class Script : public testing::Test {
     const auto file = folder.path() / "script.txt";
     const auto errors = folder.path() / "errors.txt";
     sim::writeFile(file, script);
-    const auto lines = linesOf("{ " DRIVER " " + file.string() + " 2>" + errors.string() + "; echo status $?; }");
+    const auto lines = linesOf(std::string("{ ") + test::driver + " " + file.string() + " 2>" + errors.string() +
+                               "; echo status $?; }");
     Played played;
     for (const auto& line : lines) {
       if (line.rfind("status ", 0) == 0) {
@@ -107,7 +109,7 @@ TEST_F(Script, CommentsAndQuotesAreUnderstood) {
 }
 
 TEST_F(Script, MissingScriptIsTold) {
-  const auto lines = linesOf("{ " DRIVER " /nowhere.txt 2>&1; echo status $?; }");
+  const auto lines = linesOf(std::string("{ ") + test::driver + " /nowhere.txt 2>&1; echo status $?; }");
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[1], "status 2");
 }

@@ -377,7 +377,9 @@ TEST_P(Renaming, ASecondRenamerReplacesTheFirstWhileItsDialogIsUp) {
   EXPECT_EQ(home.live("RenameIcon"), 0);
 }
 
+// Without animations a menu is quicker than the quarter of a second that the dialog waits.
 TEST_P(Renaming, ASecondRenamerBeforeTheFirstOnesDialogComesAfterIt) {
+  home->animations(false);
   home.openMenu();
   home->advance(1);
   home->tap("Rename App").advance(0.1);
@@ -392,6 +394,7 @@ TEST_P(Renaming, ASecondRenamerBeforeTheFirstOnesDialogComesAfterIt) {
 }
 
 TEST_P(Renaming, TheFirstOfTwoRenamersEndsWithoutTheSecond) {
+  home->animations(false);
   home.openMenu();
   home->advance(1);
   home->tap("Rename App").advance(0.1);
@@ -488,6 +491,7 @@ TEST_P(ManyRenames, CancelledLeaveNothing) {
 }
 
 TEST_P(ManyRenames, ReplacedBeforeTheirDialogLeaveTheLastAlone) {
+  home->animations(false);
   expectFlat([&] {
     home.openMenu();
     home->advance(1);

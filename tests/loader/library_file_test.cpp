@@ -8,18 +8,19 @@
 #include <sstream>
 
 #include "tests/support/command.hpp"
+#include "tests/support/places.hpp"
 
 namespace {
 
 using Symbols = std::set<std::string>;
 
-const std::string pcLibrary = PC_LIBRARY;
-const std::string deviceLibrary = DEVICE_LIBRARY;
+const std::string pcLibrary = test::pcLibrary;
+const std::string deviceLibrary = test::deviceLibrary;
 
 // Each symbol of the closed list, and the phone's library that has it; "-" for none.
 std::map<std::string, std::string> closedList() {
   std::map<std::string, std::string> symbols;
-  std::ifstream file(SOURCE_DIR "/platform/symbols.txt");
+  std::ifstream file(test::sourceFile("platform/symbols.txt"));
   for (std::string line; std::getline(file, line);) {
     std::istringstream row(line.substr(0, line.find('#')));
     std::string name;

@@ -4,11 +4,12 @@
 #include <algorithm>
 
 #include "tests/support/command.hpp"
+#include "tests/support/places.hpp"
 
 namespace {
 
 std::vector<std::string> mappedAt(const std::string& coreVersion) {
-  return linesOf(std::string(MINIMAL_HOST) + " " + PC_LIBRARY + " " + coreVersion);
+  return linesOf(std::string(test::minimalHost) + " " + test::pcLibrary + " " + coreVersion);
 }
 
 bool mentions(const std::vector<std::string>& lines, const std::string& part) {

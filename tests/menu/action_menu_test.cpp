@@ -201,7 +201,7 @@ TEST_P(ActionMenu, StandsInAWindowJustBelowTheSystemsAlerts) {
 TEST_P(ActionMenu, ReplacesTheWindowOfTheLast) {
   home.install({});
   home.openMenu();
-  home->advance(1);
+  home->advance(2);
   home.openMenu("com.example.notes");
   const auto windows = home.screen().windows;
   ASSERT_EQ(windows.size(), 1U);
@@ -244,10 +244,10 @@ TEST_P(ActionMenu, ASecondOneHasToWait) {
   home.install({});
   home.openMenu();
   home->tap("Cancel");
-  home->advance(0.75);
+  home->advance(test::presentation + 0.8 - (test::presentation + test::dismissal) - 0.01);
   home.openMenu();
   EXPECT_FALSE(home.showsAlert());
-  home->advance(0.06);
+  home->advance(0.02);
   home.openMenu();
   EXPECT_TRUE(home.showsAlert());
 }
@@ -255,10 +255,10 @@ TEST_P(ActionMenu, ASecondOneHasToWait) {
 TEST_P(ActionMenu, TheWaitBeginsWhenThePresentationEnds) {
   home.install({});
   home.openMenu();
-  home->advance(0.5);
+  home->advance(test::presentation + 0.79);
   home.openMenu("com.example.notes");
   EXPECT_EQ(home.alert().title, "Test App");
-  home->advance(0.5);
+  home->advance(0.02);
   home.openMenu("com.example.notes");
   EXPECT_EQ(home.alert().title, "Notes");
 }

@@ -46,7 +46,10 @@ TEST_P(Dismissal, DoesNotOpenTheWayForASecondMenu) {
   home->unlock();
   home.openMenu("com.example.notes");
   EXPECT_FALSE(home.showsAlert());
-  home->advance(0.6);
+  home->advance(0.8);
+  home.openMenu("com.example.notes");
+  EXPECT_FALSE(home.showsAlert());
+  home->advance(0.2);
   home.openMenu("com.example.notes");
   EXPECT_TRUE(home.showsAlert());
 }
@@ -122,6 +125,6 @@ TEST_F(DismissalOld, AnyWayOfTurningTheScreenOffWillDo) {
         home->screenOff({off, autoUnlock, source});
         EXPECT_FALSE(home.showsAlert());
         home->unlock();
-        home->advance(1);
+        home->advance(2);
       }
 }

@@ -21,8 +21,13 @@ class LateButtons : public test::Generations {
   }
   // The screen locks, and with it goes the window, before the button has its turn.
   void tapAndLock(const std::string& title) {
-    home->tapLate(title).lock().finishTap();
+    home->tapLate(title).lock().advance(test::dismissal);
     home->unlock().advance(1);
+  }
+  // Another application's menu, while the last dialog still goes.
+  void openNextMenu() {
+    home->animations(false);
+    home.openMenu(other);
   }
   // Everything else that was shown goes, too.
   void expectNothingLeft() {
@@ -83,13 +88,13 @@ TEST_P(LateButtons, OfTheBadgesAlertApplyTheirOwnText) {
   home->touch(app).perform("setBadges");
   home->type("5").tapLate("Apply");
   home->perform("setBadges");
-  home->type("6").finishTap();
+  home->type("6").advance(test::dismissal);
   EXPECT_EQ(badge(), "5");
 }
 
 TEST_P(LateButtons, OfTheMuteSheetMuteTheirOwnApplication) {
   home->touch(app).perform("muteNotifications");
-  home->tapLate("Forever").touch(other).lock().finishTap();
+  home->tapLate("Forever").touch(other).lock().advance(test::dismissal);
   const auto list = sim::readFile(home.path("/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist"));
   EXPECT_NE(list->find("<string>" + app + "</string>"), std::string::npos) << *list;
 }
@@ -108,8 +113,10 @@ TEST_P(LateButtons, OfTheRenamingDialogLeaveTheNextDialogAlone) {
     SCOPED_TRACE(button);
     home.openRenameDialog(app);
     home->type("First").tapLate(button);
-    home.openRenameDialog(other);
-    home->type("Second").finishTap();
+    openNextMenu();
+    home->tap("Rename App").advance(0.26);
+    ASSERT_EQ(home.alert().message, "Notes");
+    home->type("Second").advance(test::dismissal).animations(true);
     EXPECT_EQ(home.storedName(app), button == "Apply" ? std::optional<std::string>("First") : std::nullopt);
     ASSERT_TRUE(home.showsAlert());
     EXPECT_EQ(home.alert().title, "Rename App");
@@ -127,10 +134,11 @@ TEST_P(LateButtons, OfTheRenamingDialogLeaveTheNextDialogAlone) {
 // The next renamer exists from the tap on the menu's entry on, a quarter of a second before its dialog.
 TEST_P(LateButtons, OfTheRenamingDialogLeaveTheNextRenamerAlone) {
   home.openRenameDialog(app);
-  home->type("First").tapLate("Apply");
-  home.openMenu(other);
-  home->tap("Rename App").finishTap();
+  home->type("First").tapLate("Apply").advance(0.1);
+  openNextMenu();
+  home->tap("Rename App").advance(0.2);
   EXPECT_EQ(home.storedName(app), "First");
+  EXPECT_FALSE(home.showsAlert());
   home->advance(1);
   ASSERT_TRUE(home.showsAlert());
   home->type("Second").tap("Apply");
@@ -144,7 +152,7 @@ TEST_P(LateButtons, OfTheRenamingDialogLeaveAMenuAlone) {
     home.openRenameDialog(app);
     home->tapLate(button);
     home.openMenu(other);
-    home->finishTap();
+    home->advance(test::dismissal);
     ASSERT_TRUE(home.showsAlert());
     EXPECT_EQ(home.alert().title, "Notes");
     home->tap("Cancel").advance(1);
@@ -153,7 +161,7 @@ TEST_P(LateButtons, OfTheRenamingDialogLeaveAMenuAlone) {
 
 TEST_P(LateButtons, OfTheRenamingDialogLeaveTheOverlayAlone) {
   home.openRenameDialog(app);
-  home->tapLate("Apply").perform("showLoadingView").finishTap();
+  home->tapLate("Apply").perform("showLoadingView").advance(test::dismissal);
   ASSERT_EQ(home.screen().windows.size(), 1U);
   EXPECT_EQ(home.screen().windows[0].background, "0,0.2");
 }

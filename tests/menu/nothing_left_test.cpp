@@ -88,6 +88,7 @@ TEST_P(NothingLeft, AfterAlertsThatReplaceOneAnother) {
     for (const auto* alert : {"clearCaches", "resetAppData", "setBadges", "restoreData", "deleteBackUp",
                               "muteNotifications", "showLoadingView", "backUpDataSucces"})
       home->perform(alert);
+    home->advance(1);
   };
   replaceAll();
   const auto before = home->live();

@@ -134,7 +134,7 @@ TEST_P(Shortcut, EntriesWhoseTypeOrTitleIsNoTextBringNothingDown) {
     home->home();
     home->forceTouch(app).choose(entries[1].title);
     EXPECT_EQ(home.showsAlert(), isOld());
-    home->lock().unlock().home().advance(1);
+    home->lock().unlock().home().advance(2);
   }
 }
 

@@ -124,7 +124,7 @@ TEST_P(DamagedMuteList, TimesBeyondAnyClockBringNothingDown) {
     records += xmlRecord(appId, time);
   storeXml(xmlList(records));
   openSheet();
-  home->tap("Cancel");
+  choose("Cancel");
   reached();
   ASSERT_TRUE(sim::PropertyList::read(file()));
   mute("For 15 Minutes", other);
@@ -172,7 +172,7 @@ TEST_P(DamagedMuteList, AFileThatBrokeOffOrRottedBringsNothingDown) {
         sim::writeFile(file(), damaged);
         home->respring();
         openSheet();
-        home->tap("Cancel");
+        choose("Cancel");
         reached();
       }
     }

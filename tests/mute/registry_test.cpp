@@ -24,7 +24,7 @@ class MuteListNotLoaded : public test::Muting {
     for (const auto* title : {"For 15 Minutes", "Forever"}) {
       openSheet();
       ASSERT_TRUE(home.hasButton(title));
-      home->tap(title);
+      choose(title);
       EXPECT_TRUE(home.screen().windows.empty());
       EXPECT_EQ(reached(), everyPlace);
     }
@@ -216,7 +216,7 @@ TEST_P(MuteList, IsWrittenAlsoWhenNothingChanged) {
   ASSERT_EQ(reached("com.example.chess"), everyPlace);
   ASSERT_EQ(list(), listOf({forever(other)}));
   fs::remove(file());
-  home->tap("Unmute");
+  choose("Unmute");
   EXPECT_EQ(list(), listOf({forever(other)}));
 }
 
@@ -356,7 +356,7 @@ TEST_P(MutePruning, IsNotDoneByTheSheet) {
   fs::remove(file());
   openSheet();
   EXPECT_FALSE(fs::exists(file()));
-  home->tap("Cancel");
+  choose("Cancel");
   EXPECT_FALSE(fs::exists(file()));
   reached("com.example.chess");
   EXPECT_EQ(list(), listOf(Json::array()));

@@ -98,7 +98,7 @@ TEST_P(MuteSheet, CancelChangesNothing) {
 TEST_P(MuteSheet, AChoiceIsForTheApplicationThatItWasOpenedFor) {
   openSheet();
   home->touch(other);
-  home->tap("Forever");
+  choose("Forever");
   EXPECT_EQ(list(), listOf({forever(app)}));
 }
 
@@ -125,7 +125,7 @@ TEST_P(MuteSheet, KeepsItsButtonsWhenTheRecordIsPruned) {
   ASSERT_EQ(reached(), everyPlace);
   ASSERT_EQ(list(), listOf(Json::array()));
   EXPECT_EQ(home.buttons(), titlesWith("Unmute"));
-  home->tap("For 15 Minutes");
+  choose("For 15 Minutes");
   EXPECT_EQ(list(), listOf({record(app, start + 960)}));
 }
 
@@ -133,7 +133,7 @@ TEST_P(MuteSheet, KeepsToWhatItSawWhenTheMutingRunsOut) {
   store({record(app, start + 10), forever(other)});
   openSheet();
   home->advance(60);
-  home->tap("For 15 Minutes");
+  choose("For 15 Minutes");
   EXPECT_EQ(list(), listOf({forever(other), record(app, start + 960)}));
 }
 
@@ -149,7 +149,7 @@ TEST_P(MuteSheet, OpensWithTheMasterSwitchOff) {
   home->touch(app);
   home.settings({"enabled=false"});
   home->perform("muteNotifications");
-  home->tap("Forever");
+  choose("Forever");
   EXPECT_EQ(list(), listOf({forever(app)}));
 }
 
@@ -167,7 +167,7 @@ TEST_P(MuteSheet, OnATabletIsAPopoverOverTheWholeWindow) {
   EXPECT_EQ(popover->sourceRect, (sim::Frame{0, 0, 768, 1024}));
   EXPECT_EQ(popover->arrowDirections, 0U);
   EXPECT_EQ(home.screen().windows[0].frame, (sim::Frame{0, 0, 768, 1024}));
-  home->tap("Forever");
+  choose("Forever");
   EXPECT_EQ(list(), listOf({forever(app)}));
 }
 

@@ -18,7 +18,7 @@ class WholeMuteList : public test::Muting {
     for (int i = 0; i < 3000; ++i) many.push_back(record("com.example.application" + std::to_string(i), later + i));
     store(many);
     openSheet();
-    duration = test::timeOf([&] { home->tap("Forever"); });
+    duration = test::timeOf([&] { choose("Forever"); });
     with = list();
     many.push_back(test::forever(app));
     ASSERT_EQ(with, test::listOf(many));

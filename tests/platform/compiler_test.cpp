@@ -3,6 +3,7 @@
 
 #include "simulator/device/files.hpp"
 #include "tests/support/command.hpp"
+#include "tests/support/places.hpp"
 
 namespace {
 
@@ -13,10 +14,8 @@ class Compiler : public testing::Test {
     const auto file = folder_.path() / "source.cpp";
     const auto log = folder_.path() / "log";
     sim::writeFile(file, source);
-    linesOf(
-        "clang++-16 -std=c++20 -ffreestanding -fno-exceptions -fno-rtti -fsyntax-only -Wall -Wextra -Werror -I " SOURCE_DIR
-        " " +
-        file.string() + " >" + log.string() + " 2>&1 || true");
+    linesOf("clang++-16 -std=c++20 -ffreestanding -fno-exceptions -fno-rtti -fsyntax-only -Wall -Wextra -Werror -I " +
+            std::string(test::sourceFolder) + " " + file.string() + " >" + log.string() + " 2>&1 || true");
     return sim::readFile(log).value_or("no log");
   }
   std::string saysOfStatement(const std::string& statement) {
@@ -54,7 +53,7 @@ TEST_F(Compiler, TakesBlocksOfAnyResult) {
 }
 
 TEST_F(Compiler, RefusesARowWhoseSlotIsOfAnotherMethodsType) {
-  std::string table = *sim::readFile(SOURCE_DIR "/loader/hook_table.cpp");
+  std::string table = *sim::readFile(test::sourceFile("loader/hook_table.cpp"));
   const std::string right = "hook<menu::isDownloadingIcon, &menu::platformIsDownloadingIcon>";
   const auto place = table.find(right);
   ASSERT_NE(place, std::string::npos);
@@ -63,7 +62,7 @@ TEST_F(Compiler, RefusesARowWhoseSlotIsOfAnotherMethodsType) {
 }
 
 TEST_F(Compiler, RefusesARowWhoseSelectorDoesNotMatchItsFunction) {
-  const std::string table = *sim::readFile(SOURCE_DIR "/loader/hook_table.cpp");
+  const std::string table = *sim::readFile(test::sourceFile("loader/hook_table.cpp"));
   ASSERT_EQ(saysOf(table), "");
   for (const auto& [right, wrong] : {std::pair<std::string, std::string>{"\"layoutSubviews\"", "\"layoutSubviews:\""},
                                      {"\"icon:touchMoved:\"", "\"icon:touchMoved\""},

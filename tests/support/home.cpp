@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "simulator/device/files.hpp"
+#include "tests/support/places.hpp"
 
 namespace test {
 namespace {
@@ -19,7 +20,7 @@ sim::HomeScreen::Options prepared(sim::HomeScreen::Options options, sim::Generat
                                   const fs::path& device) {
   options.generation = generation;
   options.device = device;
-  options.buildFolder = BUILD_DIR;
+  options.buildFolder = buildFolder;
   // A message to an object that is gone ends the process, instead of working by chance.
   options.environment.insert({{"NSZombieEnabled", "YES"}, {"CRASH_ON_ZOMBIE", "YES"}});
   return options;
@@ -182,7 +183,7 @@ std::map<std::string, std::string> filesBelow(const fs::path& folder) {
 }
 
 std::string runInside(const sim::Device& device, const std::string& program) {
-  sim::SandboxedProcess process(device.root(), BUILD_DIR, {"/run/simulator/" + program}, {});
+  sim::SandboxedProcess process(device.root(), buildFolder, {"/run/simulator/" + program}, {});
   if (const auto status = process.end(std::chrono::seconds(60)); status != 0)
     throw std::runtime_error(program + " failed: " + process.output());
   // Foundation may have something to say before.

@@ -13,6 +13,9 @@ namespace test {
 using sim::AlertOnScreen;
 using sim::Screen;
 
+/// In seconds: how long sheets and alerts take to come and to go.
+inline constexpr double presentation = 0.4, dismissal = 0.3;
+
 /// An application as a test puts it on the device, beside the samples.
 struct App {
   std::string id = "com.example.test";

@@ -15,7 +15,7 @@
 #include <utility>
 
 #include "simulator/control/agent/requests.hpp"
-#include "simulator/device/clock.hpp"
+#include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/main_queue.hpp"
 #include "simulator/runtime/objc.hpp"
 #include "simulator/runtime/waiting.hpp"
@@ -44,7 +44,7 @@ class LiveClock {
     const auto due = nextDueTime();
     if (!due) return -1;
     constexpr std::int64_t millisecond = 1'000'000;
-    const std::int64_t left = std::max<std::int64_t>(*due - clock::now(), 0);
+    const std::int64_t left = std::max<std::int64_t>(*due - clock::passed(), 0);
     return static_cast<int>(std::min<std::int64_t>((left + millisecond - 1) / millisecond, INT_MAX));
   }
 

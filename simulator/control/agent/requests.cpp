@@ -2,27 +2,28 @@
 
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
-#include <deque>
 #include <exception>
 #include <map>
 #include <utility>
 
 #include "simulator/control/agent/measure.hpp"
 #include "simulator/control/agent/screen_reader.hpp"
-#include "simulator/device/clock.hpp"
 #include "simulator/frameworks/core_foundation/darwin_notifications.hpp"
 #include "simulator/frameworks/core_foundation/preferences.hpp"
 #include "simulator/frameworks/foundation/property_list.hpp"
 #include "simulator/frameworks/uikit/UIApplication.hpp"
 #include "simulator/frameworks/uikit/UIPasteboard.hpp"
+#include "simulator/frameworks/uikit/transitions.hpp"
 #include "simulator/homescreen/common/gestures.hpp"
 #include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/common/icons.hpp"
 #include "simulator/runtime/blocks.hpp"
 #include "simulator/runtime/call_log.hpp"
 #include "simulator/runtime/class_description.hpp"
+#include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/interposition.hpp"
 #include "simulator/runtime/main_queue.hpp"
 
@@ -97,25 +98,37 @@ UIAlertAction* requireButton(UIAlertController* alert, const std::string& title)
   throw BadRequest("The sheet or alert has no button \"" + title + "\"");
 }
 
-// The taps whose handlers have not run yet, in their order.
-std::deque<PendingTap>& pendingTaps() {
-  static std::deque<PendingTap> taps;
-  return taps;
+// The buttons of an alert take no touch while it comes.
+UIAlertController* whenPresented(UIAlertController* alert) {
+  const Ref<UIAlertController> awaited = alert;
+  const Transition* transition = transitionOf(alert);
+  if (transition == nullptr) return alert;
+  if (transition->kind == Transition::Kind::dismissal)
+    throw BadRequest("The sheet or alert is on its way off the screen");
+  advanceClock(transition->end - clock::passed());
+  if (topAlert() != alert) throw BadRequest("The sheet or alert did not stay on the screen");
+  return topAlert();
 }
 
 json tapButton(const json& request) {
-  UIAlertController* alert = requireAlert();
-  UIAlertAction* action = requireButton(alert, textOf(request, "title"));
-  if (valueOf(request, "late", false)) pendingTaps().push_back(press(alert, action));
-  else tap(alert, action);
+  const std::string title = textOf(request, "title");
+  requireButton(requireAlert(), title);
+  const Ref<UIAlertController> alert = whenPresented(requireAlert());
+  press(alert, requireButton(alert, title));
+  const Transition* dismissal = transitionOf(alert);
+  if (dismissal != nullptr && !valueOf(request, "late", false)) advanceClock(dismissal->end - clock::passed());
   return {};
 }
 
-json finishTap(const json&) {
-  if (pendingTaps().empty()) throw BadRequest("No tap waits for its end");
-  const PendingTap tap = std::move(pendingTaps().front());
-  pendingTaps().pop_front();
-  tap.finish();
+json animations(const json& request) {
+  setAnimations(request.at("on").get<bool>());
+  return {};
+}
+
+json setClock(const json& request) {
+  const double seconds = request.at("seconds").get<double>();
+  if (!clock::canShow(seconds)) throw BadRequest("There is no such time on this clock");
+  clock::set(clock::time(seconds));
   return {};
 }
 
@@ -200,12 +213,16 @@ json post(const json& request) {
 
 json advance(const json& request) {
   const double seconds = request.at("seconds").get<double>();
-  if (!(seconds >= 0 && seconds < 1e9)) throw BadRequest("The clock only runs forwards");
+  const double latest = static_cast<double>(std::max(clock::now(), clock::passed()) / second);
+  if (!(seconds >= 0 && latest + seconds < clock::lastMoment))
+    throw BadRequest("The clock runs forwards only, and not beyond the year 2255");
   advanceClock(std::llround(seconds * second));
   return {};
 }
 
 json now(const json&) { return static_cast<double>(static_cast<long double>(clock::now()) / second); }
+
+json uptime(const json&) { return clock::passed(); }
 
 json pasteboard(const json&) {
   const UIPasteboard* board = generalPasteboard();
@@ -427,7 +444,6 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"forceTouch", onIcon<gestures::forceTouch>},
     {"choose", choose},
     {"tap", tapButton},
-    {"finishTap", finishTap},
     {"type", typeText},
     {"paste", pasteText},
     {"clear", clearText},
@@ -444,7 +460,10 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"rescan", gesture<readInstalled>},
     {"post", post},
     {"advance", advance},
+    {"setClock", setClock},
+    {"animations", animations},
     {"now", now},
+    {"uptime", uptime},
     {"pasteboard", pasteboard},
     {"preferences", preferencesDomain},
     {"setPreferences", changePreferences},

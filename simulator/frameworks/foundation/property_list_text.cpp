@@ -3,19 +3,20 @@
 namespace sim {
 namespace {
 
-enum class Encoding : NSUInteger { utf8 = 4, bigEndian = 0x90000100, littleEndian = 0x94000100 };
+enum class TextEncoding : NSUInteger { utf8 = 4, bigEndian = 0x90000100, littleEndian = 0x94000100 };
 
 struct Mark {
   std::string_view bytes;
-  Encoding encoding;
+  TextEncoding encoding;
 };
 
-constexpr Mark marks[] = {
-    {"\xef\xbb\xbf", Encoding::utf8}, {"\xff\xfe", Encoding::littleEndian}, {"\xfe\xff", Encoding::bigEndian}};
+constexpr Mark marks[] = {{"\xef\xbb\xbf", TextEncoding::utf8},
+                          {"\xff\xfe", TextEncoding::littleEndian},
+                          {"\xfe\xff", TextEncoding::bigEndian}};
 
-std::optional<std::u16string> decoded(std::string_view bytes, Encoding encoding) {
+std::optional<std::u16string> decoded(std::string_view bytes, TextEncoding encoding) {
   // Foundation here drops half a character at the end without a word.
-  if (encoding != Encoding::utf8 && bytes.size() % sizeof(char16_t) != 0) return std::nullopt;
+  if (encoding != TextEncoding::utf8 && bytes.size() % sizeof(char16_t) != 0) return std::nullopt;
   id text = send<id>(send<id>("NSString"_cls, "alloc"_sel), "initWithBytes:length:encoding:"_sel,
                      static_cast<const void*>(bytes.data()), NSUInteger{bytes.size()}, encoding);
   if (text == nullptr) return std::nullopt;
@@ -27,7 +28,7 @@ std::optional<std::u16string> decoded(std::string_view bytes, Encoding encoding)
 std::optional<std::u16string> charactersOf(std::string_view bytes) {
   for (const auto& [mark, encoding] : marks)
     if (bytes.starts_with(mark)) return decoded(bytes.substr(mark.size()), encoding);
-  return decoded(bytes, Encoding::utf8);
+  return decoded(bytes, TextEncoding::utf8);
 }
 
 id textOf(std::u16string_view characters) {

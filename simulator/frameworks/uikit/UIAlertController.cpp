@@ -64,16 +64,11 @@ void requirePopoverAnchor(UIViewController* presented, UIViewController* present
           "UIPopoverPresentationControllerDelegate method -prepareForPopoverPresentation.");
 }
 
-PendingTap press(UIAlertController* alert, UIAlertAction* action) {
-  PendingTap tap{action->handler, action};
+void press(UIAlertController* alert, UIAlertAction* action) {
+  const auto* gone =
+      makeBlock<void()>([handler = action->handler, pressed = Ref<UIAlertAction>(action)] { handler(pressed.get()); });
   send(alert->presentingViewController, "dismissViewControllerAnimated:completion:"_sel, true,
-       static_cast<const BlockLiteral*>(nullptr));
-  return tap;
-}
-
-void tap(UIAlertController* alert, UIAlertAction* action) {
-  const Ref<UIAlertController> kept = alert;
-  press(alert, action).finish();
+       reinterpret_cast<const BlockLiteral*>(gone));
 }
 
 void UIAlertController::forgetHandlers() {

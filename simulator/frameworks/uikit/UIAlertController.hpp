@@ -38,18 +38,8 @@ struct UIAlertController : UIViewController {
 /// Raises, as a tablet does, when `presented` is a sheet that does not say where its popover belongs.
 void requirePopoverAnchor(UIViewController* presented, UIViewController* presenter);
 
-/// A tapped button whose handler is still to be called. It keeps what that takes, and not the alert.
-struct PendingTap {
-  BlockRef handler;
-  Ref<UIAlertAction> action;
-
-  void finish() const { handler(action.get()); }
-};
-
-/// A person taps a button: the alert goes from the screen. What is left to do is to finish the tap.
-PendingTap press(UIAlertController* alert, UIAlertAction* action);
-/// The same, and the action's handler is called.
-void tap(UIAlertController* alert, UIAlertAction* action);
+/// A person taps a button of an alert that has come: the alert goes, and when it has gone the action's handler runs.
+void press(UIAlertController* alert, UIAlertAction* action);
 
 void defineUIAlertController();
 

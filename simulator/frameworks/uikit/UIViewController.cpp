@@ -1,14 +1,25 @@
 #include "simulator/frameworks/uikit/UIViewController.hpp"
 
 #include <cstdio>
+#include <utility>
 
 #include "platform/dispatch.hpp"
 #include "simulator/frameworks/uikit/UIAlertController.hpp"
 #include "simulator/frameworks/uikit/UIScreen.hpp"
 #include "simulator/frameworks/uikit/UIWindow.hpp"
+#include "simulator/frameworks/uikit/transitions.hpp"
 #include "simulator/runtime/exception.hpp"
 
 namespace sim {
+namespace {
+
+// Nobody presents it from here on, and whoever did may have gone before.
+void leave(UIViewController* controller) {
+  UIViewController* presenter = std::exchange(controller->presentingViewController, nullptr);
+  if (presenter != nullptr) presenter->presentedViewController = nullptr;
+}
+
+}  // namespace
 
 UIViewController::~UIViewController() {
   if (!presentedViewController) return;
@@ -55,10 +66,21 @@ void UIViewController::presentViewController(UIViewController* controller, bool 
   presentedViewController = controller;
   controller->presentingViewController = this;
   send(controller, "viewWillAppear:"_sel, animated);
-  dispatch::afterOnMain(0, [shown = presentedViewController, animated, block = BlockRef(completion)] {
-    send(shown.get(), "viewDidAppear:"_sel, animated);
-    block();
-  });
+  beginTransition(Transition::Kind::presentation, controller, animated,
+                  [shown = Ref<UIViewController>(controller), animated, block = BlockRef(completion)] {
+                    send(shown.get(), "viewDidAppear:"_sel, animated);
+                    block();
+                  });
+}
+
+BOOL UIViewController::isBeingPresented() {
+  const Transition* transition = transitionOf(this);
+  return transition != nullptr && transition->kind == Transition::Kind::presentation;
+}
+
+BOOL UIViewController::isBeingDismissed() {
+  const Transition* transition = transitionOf(this);
+  return transition != nullptr && transition->kind == Transition::Kind::dismissal;
 }
 
 void UIViewController::dismissViewController(bool animated, const BlockLiteral* completion) {
@@ -67,16 +89,21 @@ void UIViewController::dismissViewController(bool animated, const BlockLiteral* 
     return;
   }
   const Ref<UIViewController> leaving = presentedViewController;
-  leaving->presentingViewController = nullptr;
-  presentedViewController = nullptr;
+  if (transitionOf(leaving) != nullptr) {
+    std::fprintf(stderr, "Attempt to dismiss from %s while a presentation or dismissal is in progress!\n",
+                 text(this).c_str());
+    return;
+  }
   send(leaving.get(), "viewWillDisappear:"_sel, animated);
-  dispatch::afterOnMain(0, [leaving, animated, block = BlockRef(completion)] {
+  if (!animated) leave(leaving);
+  beginTransition(Transition::Kind::dismissal, leaving, animated, [leaving, animated, block = BlockRef(completion)] {
+    leave(leaving);
+    // Even if the following raises. Whoever hears of its end may have presented it again.
+    dispatch::onNextTurn([leaving] {
+      if (leaving->window() == nullptr) leftScreen(leaving);
+    });
     send(leaving.get(), "viewDidDisappear:"_sel, animated);
     block();
-  });
-  // Even if the former raises. Whoever hears of its end may have presented it again.
-  dispatch::onNextTurn([leaving] {
-    if (leaving->window() == nullptr) leftScreen(leaving);
   });
 }
 
@@ -106,6 +133,8 @@ void defineUIViewController() {
       .getter<&UIViewController::presentedViewController>("presentedViewController")
       .getter<&UIViewController::presentingViewController>("presentingViewController")
       .method<&UIViewController::popoverPresentationController>("popoverPresentationController")
+      .method<&UIViewController::isBeingPresented>("isBeingPresented")
+      .method<&UIViewController::isBeingDismissed>("isBeingDismissed")
       .method<&UIViewController::presentViewController>("presentViewController:animated:completion:")
       .method<&UIViewController::dismissViewController>("dismissViewControllerAnimated:completion:")
       .add();

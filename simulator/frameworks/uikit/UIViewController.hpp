@@ -25,10 +25,14 @@ struct UIViewController : Object {
   void viewDidDisappear(bool) {}
   /// Nil, but for controllers that are shown in a popover.
   id popoverPresentationController();
-  /// Presents modally; the completion runs at the end of the current event. As on the platform, a controller that
-  /// is in no window, or presents something already, presents nothing and says so on the error output.
+  /// Presents modally; the completion runs when the controller has come, which takes its time when it is animated. As
+  /// on the platform, a controller that is in no window, or presents something already, presents nothing and says so on
+  /// the error output.
   void presentViewController(UIViewController* controller, bool animated, const BlockLiteral* completion);
-  /// Takes away what this controller presents, or itself if it presents nothing.
+  BOOL isBeingPresented();
+  BOOL isBeingDismissed();
+  /// Takes away what this controller presents, or itself if it presents nothing; the completion runs when that has
+  /// gone. While what is to go still comes, or goes already, nothing happens but a word on the error output.
   void dismissViewController(bool animated, const BlockLiteral* completion);
 
   /// The window that shows this controller; nil if none does.

@@ -1,0 +1,12 @@
+#include "tests/support/places.hpp"
+
+namespace test {
+
+const char* const sourceFolder = SOURCE_DIR;
+const char* const buildFolder = BUILD_DIR;
+const char* const driver = DRIVER;
+const char* const minimalHost = MINIMAL_HOST;
+const char* const pcLibrary = PC_LIBRARY;
+const char* const deviceLibrary = DEVICE_LIBRARY;
+
+}  // namespace test
