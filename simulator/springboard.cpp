@@ -6,9 +6,12 @@
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <exception>
 #include <optional>
 #include <stdexcept>
@@ -40,7 +43,7 @@ struct Options {
   std::optional<double> coreVersion;
   bool tablet = false;
   std::optional<double> clock;  // seconds since 1970
-  std::optional<double> uptime;  // seconds
+  std::int64_t uptime = 0;      // nanoseconds
   bool live = false;
   std::vector<std::string> interposed;  // methods
   std::string library;
@@ -57,9 +60,17 @@ double number(const char* text) {
 
 double time(const char* text) {
   const double seconds = number(text);
-  if (!sim::clock::canStandAt(seconds))
-    throw std::invalid_argument(std::string("the clock cannot stand at \"") + text + "\": it goes from 1970 to 2223");
+  if (!sim::clock::canShow(seconds))
+    throw std::invalid_argument(std::string("the clock cannot stand at \"") + text + "\": it goes from 1970 to 2255");
   return seconds;
+}
+
+std::int64_t nanoseconds(const char* text) {
+  std::int64_t value = -1;
+  const char* end = text + std::strlen(text);
+  if (std::from_chars(text, end, value).ptr != end || value < 0)
+    throw std::invalid_argument(std::string("\"") + text + "\" is no number of nanoseconds");
+  return value;
 }
 
 sim::Generation generation(const std::string& name) {
@@ -80,7 +91,7 @@ constexpr OptionRow optionRows[] = {
     {"core-version", required_argument, [](Options& o, const char* value) { o.coreVersion = number(value); }},
     {"tablet", no_argument, [](Options& o, const char*) { o.tablet = true; }},
     {"clock", required_argument, [](Options& o, const char* value) { o.clock = time(value); }},
-    {"uptime", required_argument, [](Options& o, const char* value) { o.uptime = time(value); }},
+    {"uptime", required_argument, [](Options& o, const char* value) { o.uptime = nanoseconds(value); }},
     {"live", no_argument, [](Options& o, const char*) { o.live = true; }},
     {"interpose", required_argument, [](Options& o, const char* value) { o.interposed.emplace_back(value); }},
     {"library", required_argument, [](Options& o, const char* value) { o.library = value; }},
@@ -122,7 +133,7 @@ void startUp(const Options& options) {
   const AutoreleasePool pool;
   NSSetUncaughtExceptionHandler(reportException);
   sim::home().generation = options.generation;
-  if (options.uptime) sim::clock::passUntil(sim::clock::time(*options.uptime));
+  sim::clock::passUntil(options.uptime);
   sim::clock::set(options.clock ? sim::clock::time(*options.clock) : sim::clock::realTime());
   sim::setCoreFoundationVersion(
       options.coreVersion.value_or(options.generation == sim::Generation::old ? 1575.17 : 1665.15));

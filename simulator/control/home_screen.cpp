@@ -54,7 +54,7 @@ void HomeScreen::start() {
   if (options_.coreVersion) command.insert(command.end(), {"--core-version", number(*options_.coreVersion)});
   if (options_.tablet) command.emplace_back("--tablet");
   if (options_.clock) command.insert(command.end(), {"--clock", number(*options_.clock)});
-  if (options_.uptime) command.insert(command.end(), {"--uptime", number(*options_.uptime)});
+  if (uptime_) command.insert(command.end(), {"--uptime", std::to_string(*uptime_)});
   if (options_.live) command.emplace_back("--live");
   if (!options_.library.empty()) command.insert(command.end(), {"--library", options_.library});
   for (const auto& method : options_.interposed) command.insert(command.end(), {"--interpose", method});
@@ -72,7 +72,7 @@ void HomeScreen::start() {
 
 void HomeScreen::startAnew(const std::function<void(SandboxedProcess&)>& end) {
   options_.clock = now();
-  options_.uptime = ask("uptime").get<double>();
+  uptime_ = ask("uptime").get<std::int64_t>();
   end(*process_);
   process_.reset();
   start();

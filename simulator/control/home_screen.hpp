@@ -1,6 +1,7 @@
 // The home screen as a person has it in the hand: everything he can do, and everything he can see.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -225,6 +226,7 @@ class HomeScreen {
   Device device_;
   PreferencesDaemon preferences_;
   std::unique_ptr<SandboxedProcess> process_;
+  std::optional<std::int64_t> uptime_;  ///< in nanoseconds, of the home screen before
   std::string unread_;
   double seconds_ = 0;
 };

@@ -28,7 +28,7 @@ double parseNumber(const std::string& text) {
 
 double parseTime(const std::string& text) {
   const double seconds = parseNumber(text);
-  if (!clock::canStandAt(seconds)) throw BadInput("the clock cannot stand at " + text + ": it goes from 1970 to 2223");
+  if (!clock::canShow(seconds)) throw BadInput("the clock cannot stand at " + text + ": it goes from 1970 to 2255");
   return seconds;
 }
 

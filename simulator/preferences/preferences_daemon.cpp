@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <exception>
 #include <system_error>
 
 namespace sim {
@@ -113,7 +114,7 @@ void PreferencesDaemon::handOver(int connection) {
   if (!process_) {
     try {
       process_.emplace(device_, buildFolder_, std::vector<std::string>{"/run/simulator/cfprefsd"}, environment_);
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
       return;  // the program sees its connection closed
     }
   }

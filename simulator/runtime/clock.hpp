@@ -7,9 +7,10 @@
 
 namespace sim::clock {
 
-/// Whether the clock can be set to this time, in seconds since 1970. It counts nanoseconds in 64 bits; what it has of
-/// them beyond 2223 is for running on.
-constexpr bool canStandAt(double seconds) { return seconds >= 0 && seconds < 8e9; }
+/// In seconds since 1970: the clocks count nanoseconds in 64 bits.
+constexpr double lastMoment = 9e9;
+/// Whether the time, in seconds since 1970, is one that the clock can show.
+constexpr bool canShow(double seconds) { return seconds >= 0 && seconds < lastMoment; }
 
 /// Nanoseconds that have passed, more than none.
 std::int64_t passed();

@@ -1,4 +1,7 @@
 // The parts of the platform that the add-on itself does not try to the full.
+#include <algorithm>
+#include <cmath>
+
 #include "tests/support/home.hpp"
 
 namespace {
@@ -72,4 +75,18 @@ TEST_F(MissingHooks, OfAnotherGenerationAreTold) {
   EXPECT_NE(std::find(missing.begin(), missing.end(), "nil postNotificationRequest:"), missing.end());
   EXPECT_NE(home->output().find("SpringBoard: nothing to hook: nil postNotificationRequest:\n"), std::string::npos)
       << home->output();
+}
+
+TEST(ImpossibleClock, IsRefusedByTheProcessInOneLine) {
+  for (const double seconds : {1e30, 1e19, 9e9, -1.0, std::nan("")}) {
+    test::Home home(sim::Generation::old, {.clock = seconds});
+    try {
+      home.screen();
+      FAIL() << seconds;
+    } catch (const sim::HomeScreenDied& death) {
+      const std::string told = std::string(death.what()).substr(std::string(death.what()).find('\n') + 1);
+      EXPECT_TRUE(told.starts_with("SpringBoard: ")) << told;
+      EXPECT_EQ(told.find('\n'), told.size() - 1) << told;
+    }
+  }
 }

@@ -67,10 +67,9 @@ TEST_P(Preferences, AreReadAtTheirFirstUseAndWrittenAWhileAfterTheFirstChange) {
   EXPECT_EQ(held(), "{\n  \"com.example.test\": \"One\"\n  \"disableType\": 0\n}");
   home->advance(delay / 2);
   home.rename(other, "Two");
-  // The renaming itself takes a moment, and a second in which its dialog comes.
   home->advance(delay / 2 - 4);
   EXPECT_FALSE(theDaemonWroteLast());
-  home->advance(2);
+  home->advance(4);
   EXPECT_TRUE(theDaemonWroteLast());
   EXPECT_EQ(file(), "{\n  \"com.example.notes\": \"Two\"\n  \"com.example.test\": \"One\"\n  \"disableType\": 0\n}");
   const auto written = fs::last_write_time(home.settingsFile());

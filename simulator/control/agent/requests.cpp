@@ -35,8 +35,6 @@ using nlohmann::json;
 
 // A double cannot hold the clock's nanoseconds.
 constexpr long double second = 1e9L;
-// In seconds: the clocks count nanoseconds in 64 bits.
-constexpr double lastMoment = 9e9;
 
 std::string textOf(const json& request, const char* member) {
   const auto value = request.find(member);
@@ -123,7 +121,7 @@ json animations(const json& request) {
 
 json setClock(const json& request) {
   const double seconds = request.at("seconds").get<double>();
-  if (!clock::canStandAt(seconds)) throw BadRequest("There is no such time on this clock");
+  if (!clock::canShow(seconds)) throw BadRequest("There is no such time on this clock");
   clock::set(clock::time(seconds));
   return {};
 }
@@ -225,7 +223,7 @@ json post(const json& request) {
 json advance(const json& request) {
   const double seconds = request.at("seconds").get<double>();
   const double latest = static_cast<double>(std::max(clock::now(), clock::passed()) / second);
-  if (!(seconds >= 0 && latest + seconds < lastMoment))
+  if (!(seconds >= 0 && latest + seconds < clock::lastMoment))
     throw BadRequest("The clock runs forwards only, and not beyond the year 2255");
   advanceClock(std::llround(seconds * second));
   return {};
@@ -233,7 +231,7 @@ json advance(const json& request) {
 
 json now(const json&) { return static_cast<double>(static_cast<long double>(clock::now()) / second); }
 
-json uptime(const json&) { return static_cast<double>(clock::passed() / second); }
+json uptime(const json&) { return clock::passed(); }
 
 json pasteboard(const json&) {
   const UIPasteboard* board = generalPasteboard();
