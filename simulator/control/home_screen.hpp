@@ -41,7 +41,6 @@ class HomeScreen {
     std::filesystem::path device;                         ///< its folder; made when missing
     std::filesystem::path buildFolder = programFolder();  ///< where SpringBoard and Sprigdial.so are
     std::optional<double> clock;                          ///< seconds since 1970; without it the clock starts now
-    std::optional<double> uptime;                         ///< seconds that the phone has been up; without it a minute
     std::optional<std::string> timeZone;                  ///< such as "Europe/Rome"; without it this process's own
     bool live = false;                                    ///< the clock runs by itself
     std::string library = "/run/simulator/Sprigdial.so";  ///< the add-on, by its path on the device; "" for none
