@@ -108,7 +108,8 @@ TEST_P(Caches, NothingElseOnTheDeviceChanges) {
   auto expected = test::filesBelow(home.device().root() / "var");
   ask();
   home->tap("YES");
-  std::erase_if(expected, [&](const auto& file) { return file.first.rfind(caches().string() + "/", 0) == 0; });
+  const std::string below = caches().string() + "/";
+  std::erase_if(expected, [&](const auto& file) { return file.first.starts_with(below); });
   EXPECT_EQ(test::filesBelow(home.device().root() / "var"), expected);
 }
 

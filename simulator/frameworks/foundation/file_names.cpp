@@ -1,7 +1,6 @@
 #include "simulator/frameworks/foundation/file_names.hpp"
 
-#include <fcntl.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <charconv>
@@ -55,7 +54,10 @@ std::string unescaped(std::string_view name) {
   return result;
 }
 
-bool exists(const std::string& path) { return faccessat(AT_FDCWD, path.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0; }
+bool exists(const std::string& path) {
+  struct stat found {};
+  return lstat(path.c_str(), &found) == 0;
+}
 
 const char* representation(id, SEL, id path) {
   const char* asWritten = send<const char*>(path, "UTF8String"_sel);

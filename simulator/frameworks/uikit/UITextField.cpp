@@ -62,8 +62,9 @@ void UITextField::replace(Range range, id replacement) {
 void UITextField::typeOver(const std::string& typed) {
   id keys = ns(typed);
   const auto count = send<NSUInteger>(keys, "length"_sel);
-  // The delete key, too, takes away what is selected.
-  if (count == 0) return replaceAll(keys);
+  // The delete key, too, takes away what is selected. Without anybody who looks at the keys they come to the same.
+  SEL asked = "textField:shouldChangeCharactersInRange:replacementString:"_sel;
+  if (count == 0 || !send<BOOL>(delegate, "respondsToSelector:"_sel, asked)) return replaceAll(keys);
   for (NSUInteger place = 0; place < count;) {
     const AutoreleasePool pool;
     const auto key = send<Range>(keys, "rangeOfComposedCharacterSequenceAtIndex:"_sel, place);
