@@ -268,7 +268,7 @@ std::string withoutInitialiser(std::string library) {
 // The initialiser, against the bare runtime calls that it comes down to. Each process starts once.
 void startUp() {
   constexpr int runs = 15;
-  const auto library = sim::readFile(sim::HomeScreen::ownFolder() / "Sprigdial.so");
+  const auto library = sim::readFile(sim::programFolder() / "Sprigdial.so");
   const sim::TemporaryFolder folder(inMemory);
   const auto boot = [&](const std::string& path) {
     sim::HomeScreen::Options options;

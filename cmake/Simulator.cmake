@@ -1,5 +1,6 @@
-# The simulated home screen. Two programs: `SpringBoard` runs inside the device and is the home-screen
-# process; `home-screen` is what a person starts, and drives it from outside.
+# The simulated home screen. `SpringBoard` runs inside the device and is the home-screen process; beside it run
+# `cfprefsd`, the preferences daemon, and `installd`, which tells what is installed. `home-screen` is what a person
+# starts, and drives the home screen from outside.
 find_package(PkgConfig REQUIRED)
 find_package(nlohmann_json REQUIRED)
 pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0)
@@ -20,7 +21,7 @@ endif()
 file(GLOB_RECURSE process_sources CONFIGURE_DEPENDS
   simulator/runtime/*.cpp simulator/runtime/*.S simulator/frameworks/*.cpp simulator/homescreen/*.cpp
   simulator/control/agent/*.cpp)
-add_library(simulator_process OBJECT ${process_sources})
+add_library(simulator_process OBJECT ${process_sources} simulator/device/messages.cpp)
 target_link_libraries(simulator_process PUBLIC simulator_options)
 target_precompile_headers(simulator_process PRIVATE <nlohmann/json.hpp> simulator/homescreen/common/home.hpp
   simulator/runtime/class_builder.hpp)
@@ -37,16 +38,26 @@ add_executable(SpringBoard simulator/springboard.cpp)
 link_home_screen_process(SpringBoard)
 add_dependencies(SpringBoard Sprigdial)
 
+# The preferences daemon, beside the home screen inside the device.
+file(GLOB daemon_sources CONFIGURE_DEPENDS simulator/preferences/daemon/*.cpp)
+add_executable(cfprefsd ${daemon_sources})
+link_home_screen_process(cfprefsd)
+
+# What is installed, as the home screen reads it.
+add_executable(installd simulator/installd.cpp)
+link_home_screen_process(installd)
+
 # What a person can do and see, from outside the device.
-file(GLOB control_sources CONFIGURE_DEPENDS simulator/control/*.cpp simulator/device/*.cpp)
+file(GLOB control_sources CONFIGURE_DEPENDS simulator/control/*.cpp simulator/device/*.cpp
+  simulator/preferences/*.cpp)
 add_library(simulator_control STATIC ${control_sources})
 target_link_libraries(simulator_control PUBLIC simulator_options PRIVATE PkgConfig::PLIST PkgConfig::ARCHIVE)
 target_precompile_headers(simulator_control PRIVATE simulator/control/home_screen.hpp)
 
 add_executable(home-screen simulator/home_screen.cpp)
 target_link_libraries(home-screen PRIVATE simulator_control)
-add_dependencies(home-screen SpringBoard)
+add_dependencies(home-screen SpringBoard cfprefsd installd)
 
 add_executable(bench EXCLUDE_FROM_ALL benchmarks/bench.cpp)
 target_link_libraries(bench PRIVATE simulator_control)
-add_dependencies(bench SpringBoard)
+add_dependencies(bench SpringBoard cfprefsd installd)

@@ -19,13 +19,17 @@ link_home_screen_process(settings-probe)
 add_executable(property-list-probe tests/platform/property_list_probe.cpp)
 link_home_screen_process(property-list-probe)
 
+# What the platform does with what the add-on might ask of it, printed.
+add_executable(platform-probe tests/platform/platform_probe.cpp)
+link_home_screen_process(platform-probe)
+
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS tests/*_test.cpp tests/support/*.cpp)
 if(SANITIZE)
   # What the files are made of is asked of the builds that are used.
   list(REMOVE_ITEM test_sources ${PROJECT_SOURCE_DIR}/tests/loader/library_file_test.cpp)
 endif()
 add_executable(sprigdial-tests ${test_sources})
-target_link_libraries(sprigdial-tests PRIVATE simulator_control GTest::gtest_main)
+target_link_libraries(sprigdial-tests PRIVATE simulator_control PkgConfig::ARCHIVE GTest::gtest_main)
 # The tests' own code is run once: the time goes into compiling it.
 target_compile_options(sprigdial-tests PRIVATE -O0 -g1)
 target_precompile_headers(sprigdial-tests PRIVATE tests/support/home.hpp)
@@ -33,7 +37,8 @@ set_source_files_properties(tests/support/places.cpp PROPERTIES SKIP_PRECOMPILE_
   "SOURCE_DIR=\"${PROJECT_SOURCE_DIR}\";BUILD_DIR=\"${CMAKE_BINARY_DIR}\";DRIVER=\"$<TARGET_FILE:home-screen>\";\
 MINIMAL_HOST=\"$<TARGET_FILE:minimal-host>\";PC_LIBRARY=\"$<TARGET_FILE:Sprigdial>\";\
 DEVICE_LIBRARY=\"${PROJECT_SOURCE_DIR}/build/device/Sprigdial.dylib\"")
-add_dependencies(sprigdial-tests SpringBoard home-screen minimal-host settings-probe property-list-probe Sprigdial-unoptimised)
+add_dependencies(sprigdial-tests SpringBoard cfprefsd installd home-screen minimal-host settings-probe
+  property-list-probe platform-probe Sprigdial-unoptimised)
 
 include(GoogleTest)
 # What the runtime and Foundation keep for the life of a process is no leak.

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "simulator/control/agent/agent.hpp"
+#include "simulator/frameworks/core_foundation/preferences.hpp"
 #include "simulator/frameworks/core_foundation/version.hpp"
 #include "simulator/frameworks/foundation/foundation.hpp"
 #include "simulator/frameworks/uikit/UIDevice.hpp"
@@ -39,9 +40,11 @@ struct Options {
   std::optional<double> coreVersion;
   bool tablet = false;
   std::optional<double> clock;  // seconds since 1970
+  std::optional<double> uptime;  // seconds
   bool live = false;
   std::vector<std::string> interposed;  // methods
   std::string library;
+  bool resumePreferences = false;
 };
 
 double number(const char* text) {
@@ -50,6 +53,13 @@ double number(const char* text) {
   if (end == text || *end != '\0' || !std::isfinite(value))
     throw std::invalid_argument(std::string("\"") + text + "\" is no number");
   return value;
+}
+
+double time(const char* text) {
+  const double seconds = number(text);
+  if (!sim::clock::canStandAt(seconds))
+    throw std::invalid_argument(std::string("the clock cannot stand at \"") + text + "\": it goes from 1970 to 2223");
+  return seconds;
 }
 
 sim::Generation generation(const std::string& name) {
@@ -69,10 +79,12 @@ constexpr OptionRow optionRows[] = {
     {"generation", required_argument, [](Options& o, const char* value) { o.generation = generation(value); }},
     {"core-version", required_argument, [](Options& o, const char* value) { o.coreVersion = number(value); }},
     {"tablet", no_argument, [](Options& o, const char*) { o.tablet = true; }},
-    {"clock", required_argument, [](Options& o, const char* value) { o.clock = number(value); }},
+    {"clock", required_argument, [](Options& o, const char* value) { o.clock = time(value); }},
+    {"uptime", required_argument, [](Options& o, const char* value) { o.uptime = time(value); }},
     {"live", no_argument, [](Options& o, const char*) { o.live = true; }},
     {"interpose", required_argument, [](Options& o, const char* value) { o.interposed.emplace_back(value); }},
     {"library", required_argument, [](Options& o, const char* value) { o.library = value; }},
+    {"resume-preferences", no_argument, [](Options& o, const char*) { o.resumePreferences = true; }},
 };
 
 Options parse(int count, char** arguments) {
@@ -110,10 +122,12 @@ void startUp(const Options& options) {
   const AutoreleasePool pool;
   NSSetUncaughtExceptionHandler(reportException);
   sim::home().generation = options.generation;
+  if (options.uptime) sim::clock::passUntil(sim::clock::time(*options.uptime));
   sim::clock::set(options.clock ? sim::clock::time(*options.clock) : sim::clock::realTime());
   sim::setCoreFoundationVersion(
       options.coreVersion.value_or(options.generation == sim::Generation::old ? 1575.17 : 1665.15));
   sim::installFoundationAdditions();
+  if (options.resumePreferences) sim::resumePreferences();
   sim::defineUIKit();
   sim::setIdiom(options.tablet ? sim::UIUserInterfaceIdiom::pad : sim::UIUserInterfaceIdiom::phone);
   sim::setScreen(sim::measures().screens[0], sim::measures().screens[1]);

@@ -2,6 +2,7 @@
 
 #include <poll.h>
 #include <sys/socket.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -17,6 +18,7 @@ using Json = nlohmann::json;
 
 constexpr std::chrono::seconds longestAnswer{120};
 constexpr std::chrono::seconds longestEnd{60};
+constexpr std::string_view preferencesDomain = "com.morvanel.sprigdial";
 constexpr std::string_view preferencesChanged = "com.morvanel.sprigdial.preferencechanged";
 
 /// Decimals that lose nothing.
@@ -37,9 +39,12 @@ std::string lastLines(const std::string& text) {
 
 }  // namespace
 
-fs::path HomeScreen::ownFolder() { return fs::read_symlink("/proc/self/exe").parent_path(); }
-
-HomeScreen::HomeScreen(Options options) : options_(std::move(options)), device_(options_.device) { start(); }
+HomeScreen::HomeScreen(Options options)
+    : options_(std::move(options)),
+      device_(options_.device),
+      preferences_(device_.root(), options_.buildFolder, options_.environment) {
+  start();
+}
 
 HomeScreen::~HomeScreen() = default;
 
@@ -49,6 +54,7 @@ void HomeScreen::start() {
   if (options_.coreVersion) command.insert(command.end(), {"--core-version", number(*options_.coreVersion)});
   if (options_.tablet) command.emplace_back("--tablet");
   if (options_.clock) command.insert(command.end(), {"--clock", number(*options_.clock)});
+  if (options_.uptime) command.insert(command.end(), {"--uptime", number(*options_.uptime)});
   if (options_.live) command.emplace_back("--live");
   if (!options_.library.empty()) command.insert(command.end(), {"--library", options_.library});
   for (const auto& method : options_.interposed) command.insert(command.end(), {"--interpose", method});
@@ -56,15 +62,29 @@ void HomeScreen::start() {
   // Foundation looks at the machine's own time zone before it looks at TZ.
   if (options_.timeZone) environment["GNUSTEP_TZ"] = environment["TZ"] = *options_.timeZone;
   unread_.clear();
-  process_ = std::make_unique<SandboxedProcess>(device_.root(), options_.buildFolder, command, environment);
+  if (preferences_.runs()) command.emplace_back("--resume-preferences");
+  const int preferences = preferences_.connect();
+  process_ =
+      std::make_unique<SandboxedProcess>(device_.root(), options_.buildFolder, command, environment, preferences);
+  close(preferences);
   ask("now");
 }
 
-HomeScreen& HomeScreen::respring() {
+void HomeScreen::startAnew(const std::function<void(SandboxedProcess&)>& end) {
   options_.clock = now();
-  process_->end(longestEnd);
+  options_.uptime = ask("uptime").get<double>();
+  end(*process_);
   process_.reset();
   start();
+}
+
+HomeScreen& HomeScreen::respring() {
+  startAnew([](SandboxedProcess& process) { process.end(longestEnd); });
+  return *this;
+}
+
+HomeScreen& HomeScreen::crash() {
+  startAnew([](SandboxedProcess& process) { process.kill(); });
   return *this;
 }
 
@@ -95,6 +115,8 @@ HomeScreen& HomeScreen::tap(std::string_view title) { return act("tap", {{"title
 HomeScreen& HomeScreen::tapAndGoOn(std::string_view title) { return act("tap", {{"title", title}, {"goOn", true}}); }
 HomeScreen& HomeScreen::tapLate(std::string_view title) { return act("tap", {{"title", title}, {"late", true}}); }
 HomeScreen& HomeScreen::type(std::string_view text) { return act("type", {{"text", text}}); }
+HomeScreen& HomeScreen::paste(std::string_view text) { return act("paste", {{"text", text}}); }
+HomeScreen& HomeScreen::clear() { return act("clear"); }
 HomeScreen& HomeScreen::launch(std::string_view id) { return act("launch", {{"id", id}}); }
 HomeScreen& HomeScreen::home() { return act("home"); }
 HomeScreen& HomeScreen::edit(bool on) { return act("edit", {{"on", on}}); }
@@ -114,9 +136,10 @@ HomeScreen& HomeScreen::removeDownload(std::string_view id) {
   return act("download", {{"what", "remove"}, {"id", id}});
 }
 
-HomeScreen& HomeScreen::install(const fs::path& archive) {
-  device_.install(archive);
-  return rescan();
+Device::Application HomeScreen::install(const fs::path& archive) {
+  auto installed = device_.install(archive);
+  rescan();
+  return installed;
 }
 
 HomeScreen& HomeScreen::setFilzaInstalled(bool installed) {
@@ -128,6 +151,13 @@ HomeScreen& HomeScreen::settings(const std::vector<std::string>& assignments) {
   device_.setSettings(assignments);
   return post(preferencesChanged);
 }
+
+HomeScreen& HomeScreen::settingsThroughDaemon(const std::vector<std::string>& assignments) {
+  return act("setPreferences", {{"domain", preferencesDomain}, {"values", Device::settingsIn(assignments)}})
+      .post(preferencesChanged);
+}
+
+HomeScreen& HomeScreen::flush() { return act("flush"); }
 
 HomeScreen& HomeScreen::post(std::string_view name) { return act("post", {{"name", name}}); }
 
@@ -186,6 +216,11 @@ std::optional<PropertyList> HomeScreen::preferences(std::string_view domain) {
   const Json value = ask("preferences", {{"domain", domain}});
   if (value.is_null()) return std::nullopt;
   return PropertyList::parse(value.get_ref<const std::string&>());
+}
+
+PropertyList HomeScreen::readPreferences(std::string_view domain) {
+  const Json value = ask("preferences", {{"domain", domain}, {"read", true}});
+  return PropertyList::parse(value.get_ref<const std::string&>()).value();
 }
 
 std::vector<HomeScreen::OpenedUrl> HomeScreen::urls() {
@@ -257,6 +292,7 @@ void HomeScreen::killDuring(const std::string& verb, Json members, const std::fu
   request(verb, std::move(members));
   moment();
   process_->kill();
+  preferences_.kill();
 }
 
 std::string HomeScreen::readLine() {

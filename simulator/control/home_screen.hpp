@@ -15,7 +15,9 @@
 #include "simulator/control/error.hpp"
 #include "simulator/control/screen.hpp"
 #include "simulator/device/device.hpp"
+#include "simulator/device/files.hpp"
 #include "simulator/device/sandbox.hpp"
+#include "simulator/preferences/preferences_daemon.hpp"
 
 namespace sim {
 
@@ -36,17 +38,15 @@ class HomeScreen {
     std::optional<double> coreVersion;  ///< the core library's version; without it the generation's own
     bool tablet = false;
     std::filesystem::path device;                         ///< its folder; made when missing
-    std::filesystem::path buildFolder = ownFolder();      ///< where SpringBoard and Sprigdial.so are
+    std::filesystem::path buildFolder = programFolder();  ///< where SpringBoard and Sprigdial.so are
     std::optional<double> clock;                          ///< seconds since 1970; without it the clock starts now
+    std::optional<double> uptime;                         ///< seconds that the phone has been up; without it a minute
     std::optional<std::string> timeZone;                  ///< such as "Europe/Rome"; without it this process's own
     bool live = false;                                    ///< the clock runs by itself
     std::string library = "/run/simulator/Sprigdial.so";  ///< the add-on, by its path on the device; "" for none
     std::map<std::string, std::string> environment;       ///< of the process, besides the usual
     std::vector<std::string> interposed;                  ///< methods, "CLASS SELECTOR" or "+CLASS SELECTOR"
   };
-
-  /// The folder of the running program.
-  static std::filesystem::path ownFolder();
 
   /// Boots; returns when the home screen is up.
   explicit HomeScreen(Options options);
@@ -57,6 +57,9 @@ class HomeScreen {
 
   /// Ends the process and starts a new one on the same device; the clock goes on where it stood.
   HomeScreen& respring();
+  /// The process is killed and comes up again, as after a crash: nothing that it has in memory is left, while the
+  /// preferences daemon goes on.
+  HomeScreen& crash();
   /// Ends the process and waits for it. Throws `HomeScreenDied` when it did not end well.
   void shutDown();
 
@@ -80,8 +83,12 @@ class HomeScreen {
   /// The same as a tap, but goes on when the tap starts a program that the home screen then waits for. Until the
   /// program's end the screen can be looked at; whatever else is done waits for it.
   HomeScreen& tapAndGoOn(std::string_view title);
-  /// Replaces the text of the topmost alert's first text field.
+  /// Types over the text of the topmost alert's first text field, on the keyboard that is up.
   HomeScreen& type(std::string_view text);
+  /// Pastes in the place of that text.
+  HomeScreen& paste(std::string_view text);
+  /// Taps the field's clear button.
+  HomeScreen& clear();
   /// Taps the icon: the application opens.
   HomeScreen& launch(std::string_view id);
   /// Presses the home button.
@@ -107,12 +114,17 @@ class HomeScreen {
   HomeScreen& startDownload(std::string_view id);
   HomeScreen& askDownload(std::string_view id);
   HomeScreen& removeDownload(std::string_view id);
-  /// Installs an application archive; its icon appears.
-  HomeScreen& install(const std::filesystem::path& archive);
+  /// Installs an application archive; its icon appears. Gives what was installed.
+  Device::Application install(const std::filesystem::path& archive);
   /// The file manager comes or goes.
   HomeScreen& setFilzaInstalled(bool installed);
-  /// Changes settings in the settings pane: texts KEY=VALUE.
+  /// Changes settings, texts KEY=VALUE, in a settings pane that writes the file itself, past the preferences daemon, so
+  /// that the add-on finds them there when it is told.
   HomeScreen& settings(const std::vector<std::string>& assignments);
+  /// The same in a pane that leaves the file to the preferences daemon, which writes it when it likes.
+  HomeScreen& settingsThroughDaemon(const std::vector<std::string>& assignments);
+  /// The preferences daemon writes at once what has changed.
+  HomeScreen& flush();
   /// Posts a Darwin notification.
   HomeScreen& post(std::string_view name);
   /// Lets time pass.
@@ -148,8 +160,10 @@ class HomeScreen {
     std::string type, text;
   };
   std::optional<Pasteboard> pasteboard();
-  /// A preferences domain as the process holds it; none for one that nothing was set in.
+  /// A preferences domain as the daemon holds it; none for one that nobody has used yet.
   std::optional<PropertyList> preferences(std::string_view domain);
+  /// The same as a program gets it that asks for a value: the daemon reads the file if it has not yet.
+  PropertyList readPreferences(std::string_view domain);
   struct OpenedUrl {
     std::string url;
     bool opened = false;
@@ -193,14 +207,15 @@ class HomeScreen {
 
   /// Asks the process by the protocol's words; returns the value.
   nlohmann::json ask(const std::string& verb, nlohmann::json members = nlohmann::json::object());
-  /// Asks as `ask` does and, without waiting for the answer, kills the process as soon as `moment` returns. The home
-  /// screen is gone then.
+  /// Asks as `ask` does and, without waiting for the answer, takes the power away as soon as `moment` returns. The
+  /// home screen is gone then, and so is what the preferences daemon had not written.
   void killDuring(const std::string& verb, nlohmann::json members, const std::function<void()>& moment);
   /// How long the process took for what it was asked last.
   double seconds() const { return seconds_; }
 
  private:
   void start();
+  void startAnew(const std::function<void(SandboxedProcess&)>& end);
   HomeScreen& act(const std::string& verb, nlohmann::json members = nlohmann::json::object());
   void request(const std::string& verb, nlohmann::json members);
   std::string readLine();
@@ -208,6 +223,7 @@ class HomeScreen {
 
   Options options_;
   Device device_;
+  PreferencesDaemon preferences_;
   std::unique_ptr<SandboxedProcess> process_;
   std::string unread_;
   double seconds_ = 0;

@@ -10,6 +10,7 @@
 #include "simulator/control/print.hpp"
 #include "simulator/device/files.hpp"
 #include "simulator/device/property_list.hpp"
+#include "simulator/runtime/clock.hpp"
 
 namespace fs = std::filesystem;
 
@@ -23,6 +24,12 @@ double parseNumber(const std::string& text) {
     throw BadInput("not a number: " + text);
   }
   return value;
+}
+
+double parseTime(const std::string& text) {
+  const double seconds = parseNumber(text);
+  if (!clock::canStandAt(seconds)) throw BadInput("the clock cannot stand at " + text + ": it goes from 1970 to 2223");
+  return seconds;
 }
 
 bool parseSwitch(const std::string& text) {
@@ -88,7 +95,7 @@ struct Verbs {
       if (option == "--ipad") options.tablet = true;
       else if (option == "--core-version") options.coreVersion = parseNumber(value());
       else if (option == "--device") device = value();
-      else if (option == "--clock") options.clock = parseNumber(value());
+      else if (option == "--clock") options.clock = parseTime(value());
       else if (option == "--time-zone") options.timeZone = parseTimeZone(value());
       else throw BadInput("unknown option: " + option);
     }
@@ -103,7 +110,12 @@ struct Verbs {
   }
 
   static void respring(Session& session, const Words&) { session.home().respring(); }
-  static void install(Session& session, const Words& words) { session.home().install(words[0]); }
+  static void install(Session& session, const Words& words) {
+    const auto installed = session.home().install(words[0]);
+    session.output_ << "installed " << installed.id << " \"" << installed.name << "\"";
+    session.output_ << (installed.version.empty() ? ", no version" : ", version " + installed.version) << "\n";
+  }
+
   static void touch(Session& session, const Words& words) { session.home().touch(words[0]); }
 
   static void swipe(Session& session, const Words& words) {
@@ -131,6 +143,8 @@ struct Verbs {
   }
 
   static void type(Session& session, const Words& words) { session.home().type(words[0]); }
+  static void paste(Session& session, const Words& words) { session.home().paste(words[0]); }
+  static void clear(Session& session, const Words&) { session.home().clear(); }
   static void launch(Session& session, const Words& words) { session.home().launch(words[0]); }
   static void pressHome(Session& session, const Words&) { session.home().home(); }
   static void edit(Session& session, const Words& words) { session.home().edit(parseSwitch(words[0])); }
@@ -158,7 +172,13 @@ struct Verbs {
     else throw BadInput("neither start, ask nor remove: " + words[0]);
   }
 
-  static void settings(Session& session, const Words& words) { session.home().settings(words); }
+  static void settings(Session& session, const Words& words) {
+    Words assignments = words;
+    if (std::erase(assignments, "--through-daemon") != 0) session.home().settingsThroughDaemon(assignments);
+    else session.home().settings(assignments);
+  }
+
+  static void flush(Session& session, const Words&) { session.home().flush(); }
 
   static void filza(Session& session, const Words& words) { session.home().setFilzaInstalled(parseSwitch(words[0])); }
 
@@ -183,16 +203,17 @@ struct Verbs {
     session.output_ << *content << (content->empty() || content->back() == '\n' ? "" : "\n");
   }
 
-  static std::optional<PropertyList> propertyListAt(Session& session, const std::string& path) {
-    const fs::path file = session.home().device().resolve(path);
-    if (!fs::is_regular_file(file)) throw BadInput("no such file: " + path);
-    return PropertyList::read(file);
+  static void propertyList(Session& session, const Words& words) {
+    const fs::path file = session.home().device().resolve(words[0]);
+    if (!fs::is_regular_file(file)) throw BadInput("no such file: " + words[0]);
+    const auto content = PropertyList::read(file);
+    if (!content) throw BadInput("no property list: " + words[0]);
+    session.output_ << content->readable() << "\n";
   }
 
-  static void propertyList(Session& session, const Words& words) {
-    const bool isFile = words[0].find('/') != std::string::npos;
-    const auto content = isFile ? propertyListAt(session, words[0]) : session.home().preferences(words[0]);
-    if (!content) throw BadInput((isFile ? "no property list: " : "no preferences domain: ") + words[0]);
+  static void preferences(Session& session, const Words& words) {
+    const auto content = session.home().preferences(words[0]);
+    if (!content) throw BadInput("the preferences daemon does not hold " + words[0]);
     session.output_ << content->readable() << "\n";
   }
 
@@ -260,6 +281,8 @@ const std::vector<Verbs::Verb>& Verbs::table() {
       {"tap", "TITLE [--go-on]", "taps a button of the sheet or alert; --go-on waits for no program it starts", 1, 2,
        tap},
       {"type", "TEXT", "types into the alert's text field", 1, 1, type},
+      {"paste", "TEXT", "pastes into it", 1, 1, paste},
+      {"clear", "", "taps its clear button", 0, 0, clear},
       {"launch", "ID", "taps an icon", 1, 1, launch},
       {"home", "", "presses the home button", 0, 0, pressHome},
       {"edit", "on|off", "starts or ends editing the home screen", 1, 1, edit},
@@ -270,15 +293,18 @@ const std::vector<Verbs::Verb>& Verbs::table() {
       {"notify", "ID TEXT", "lets a notification of an application arrive", 2, 2, notify},
       {"download", "start|ask|remove ID", "a downloading icon appears, is asked what it is, is removed", 2, 2,
        download},
-      {"settings", "KEY=VALUE...", "changes settings as the settings pane does; KEY= removes one", 1, any, settings},
+      {"settings", "KEY=VALUE... [--through-daemon]",
+       "changes settings as a settings pane does, in the file or through the preferences daemon; KEY= removes one", 1,
+       any, settings},
+      {"flush", "", "lets the preferences daemon write at once what has changed", 0, 0, flush},
+      {"preferences", "DOMAIN", "prints a preferences domain as the daemon holds it", 1, 1, preferences},
       {"filza", "on|off", "installs the file manager or takes it away", 1, 1, filza},
       {"marker", "on|off NAME", "leaves a hooking loader's mark: substitute, substrate or unc0ver", 2, 2, marker},
       {"post", "NAME", "posts a Darwin notification", 1, 1, post},
       {"advance", "SECONDS", "lets the clock run on", 1, 1, advance},
       {"ls", "PATH", "lists a folder of the device", 1, 1, list},
       {"cat", "PATH", "prints a file of the device", 1, 1, print},
-      {"plist", "PATH|DOMAIN", "prints a property list of the device, or a preferences domain of the home screen", 1, 1,
-       propertyList},
+      {"plist", "PATH", "prints a property list of the device", 1, 1, propertyList},
       {"pasteboard", "", "prints the pasteboard", 0, 0, pasteboard},
       {"urls", "", "prints the addresses that were opened", 0, 0, urls},
       {"launches", "", "prints the applications that were launched, and how", 0, 0, launches},

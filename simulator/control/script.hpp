@@ -24,7 +24,7 @@ struct ExpectationFailed : std::runtime_error {
 class Session {
  public:
   struct Options {
-    std::filesystem::path buildFolder = HomeScreen::ownFolder();
+    std::filesystem::path buildFolder = programFolder();
     std::optional<std::filesystem::path> device;  ///< booted on by default; without it every boot has a fresh one
     bool live = false;                            ///< the clock runs by itself
   };

@@ -2,9 +2,11 @@
 
 #include <archive.h>
 #include <archive_entry.h>
+#include <locale.h>
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <iterator>
 #include <memory>
@@ -21,6 +23,21 @@ struct Free {
   void operator()(archive* pointer) const { archive_free(pointer); }
 };
 using Archive = std::unique_ptr<archive, Free>;
+
+/// The names in archives are text in UTF-8, as on a phone, whatever the locale of whoever started the program.
+class TextNames {
+ public:
+  TextNames() : utf8_(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), before_(uselocale(utf8_)) {}
+  ~TextNames() {
+    uselocale(before_);
+    freelocale(utf8_);
+  }
+  TextNames(const TextNames&) = delete;
+  TextNames& operator=(const TextNames&) = delete;
+
+ private:
+  locale_t utf8_, before_;
+};
 
 void check(archive* pointer, int result, const fs::path& file) {
   // A warning while unpacking means that something of the entry was left out.
@@ -45,6 +62,10 @@ bool staysInside(const fs::path& place, const fs::path& target) {
 void place(archive_entry* entry, const fs::path& folder, const fs::path& archive) {
   const char* name = archive_entry_pathname(entry);
   if (name == nullptr) throw BadInput("cannot unpack " + archive.string() + ": an entry without a name");
+  // A phone's file system takes no other names.
+  if (mbstowcs(nullptr, name, 0) == static_cast<std::size_t>(-1)) {
+    throw BadInput("cannot unpack " + archive.string() + ": an entry whose name is no text");
+  }
   const fs::path path = fs::path(name).lexically_normal();
   const auto refuse = [&](const std::string& reason) {
     throw BadInput("cannot unpack " + archive.string() + ": \"" + path.string() + "\" " + reason);
@@ -65,6 +86,7 @@ void place(archive_entry* entry, const fs::path& folder, const fs::path& archive
 }  // namespace
 
 void unpack(const fs::path& file, const fs::path& folder) {
+  const TextNames names;
   const Archive reader(archive_read_new());
   archive_read_support_format_zip(reader.get());
   check(reader.get(), archive_read_open_filename(reader.get(), file.c_str(), 1 << 16), file);

@@ -1,15 +1,23 @@
 #include "simulator/device/device.hpp"
 
+#include <fcntl.h>
+
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <cstdint>
+#include <cstdio>
+#include <stdexcept>
 #include <system_error>
 
 #include "simulator/control/error.hpp"
 #include "simulator/device/archive.hpp"
 #include "simulator/device/files.hpp"
+#include "simulator/device/messages.hpp"
 #include "simulator/device/samples.hpp"
+#include "simulator/device/sandbox.hpp"
 
 namespace fs = std::filesystem;
 
@@ -18,22 +26,42 @@ namespace {
 
 constexpr std::string_view bundles = "/var/containers/Bundle/Application";
 constexpr std::string_view containers = "/var/mobile/Containers/Data/Application";
-constexpr const char* containerDescription = ".com.apple.mobile_container_manager.metadata.plist";
-
-std::string applicationName(const PropertyList& info, const fs::path& bundle) {
-  for (const char* key : {"CFBundleDisplayName", "CFBundleName"}) {
-    if (auto name = info.text(key)) return *name;
-  }
-  return bundle.stem().string();
-}
 
 /// The application's folder in an unpacked archive.
 fs::path findBundle(const fs::path& unpacked, const fs::path& archive) {
+  std::vector<fs::path> found;
   std::error_code missing;
   for (const auto& entry : fs::directory_iterator(unpacked / "Payload", missing)) {
-    if (entry.is_directory() && entry.path().extension() == ".app") return entry.path();
+    if (entry.is_directory() && entry.path().extension() == ".app") found.push_back(entry.path());
   }
-  throw BadInput(archive.string() + " holds no Payload/NAME.app");
+  if (found.empty()) throw BadInput(archive.string() + " holds no Payload/NAME.app");
+  if (found.size() > 1) throw BadInput(archive.string() + " holds more than one Payload/NAME.app");
+  return found.front();
+}
+
+/// What the home screen's own reader makes of the device, or of the one bundle that is given.
+std::vector<Device::Application> readByHomeScreen(const fs::path& device, const std::vector<std::string>& bundle) {
+  std::vector<std::string> command{"/run/simulator/installd"};
+  command.insert(command.end(), bundle.begin(), bundle.end());
+  SandboxedProcess reader(device, programFolder(), command, {});
+  const auto answer = Messages(reader.socket()).receive();
+  if (!answer) {
+    reader.end(std::chrono::seconds(20));
+    throw std::runtime_error("cannot tell what is installed: " + reader.output());
+  }
+  std::vector<Device::Application> applications;
+  for (const auto& item : answer->at("applications")) {
+    applications.push_back({item.at("id"), item.at("name"), item.at("version"), item.at("bundle").get<std::string>(),
+                            item.at("data").get<std::string>()});
+  }
+  return applications;
+}
+
+/// Puts two folders in one another's places, both at once.
+void exchange(const fs::path& one, const fs::path& other) {
+  if (renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) != 0) {
+    throw std::system_error(errno, std::generic_category(), other.string());
+  }
 }
 
 /// A bundle identifier becomes part of file names.
@@ -114,32 +142,7 @@ fs::path Device::resolve(const fs::path& path) const {
   return resolved;
 }
 
-std::vector<Device::Application> Device::applications() const {
-  std::vector<std::pair<std::string, fs::path>> data;
-  for (const auto& entry : fs::directory_iterator(at(containers))) {
-    const auto description = PropertyList::read(entry.path() / containerDescription);
-    if (!description) continue;
-    if (auto id = description->text("MCMMetadataIdentifier")) {
-      data.emplace_back(*id, fs::path(containers) / entry.path().filename());
-    }
-  }
-  std::vector<Application> found;
-  for (const auto& holder : fs::directory_iterator(at(bundles))) {
-    if (!holder.is_directory()) continue;
-    for (const auto& bundle : fs::directory_iterator(holder)) {
-      const auto info = PropertyList::read(bundle.path() / "Info.plist");
-      if (bundle.path().extension() != ".app" || !info) continue;
-      const auto id = info->text("CFBundleIdentifier");
-      if (!id) continue;
-      const auto own = std::find_if(data.begin(), data.end(), [&](const auto& item) { return item.first == *id; });
-      found.push_back({*id, applicationName(*info, bundle.path()),
-                       fs::path(bundles) / holder.path().filename() / bundle.path().filename(),
-                       own != data.end() ? own->second : fs::path()});
-    }
-  }
-  std::sort(found.begin(), found.end(), [](const Application& a, const Application& b) { return a.id < b.id; });
-  return found;
-}
+std::vector<Device::Application> Device::applications() const { return readByHomeScreen(root_, {}); }
 
 std::optional<Device::Application> Device::application(std::string_view id) const {
   for (Application& application : applications()) {
@@ -148,24 +151,33 @@ std::optional<Device::Application> Device::application(std::string_view id) cons
   return std::nullopt;
 }
 
-std::string Device::install(const fs::path& archive) {
+Device::Application Device::install(const fs::path& archive) {
   if (!fs::is_regular_file(archive)) throw BadInput("no such file: " + archive.string());
-  // On the device, so that the finished bundle only has to be renamed.
-  const TemporaryFolder unpacked(at("/tmp"));
-  unpack(archive, unpacked.path());
-  const fs::path bundle = findBundle(unpacked.path(), archive);
-  const auto info = PropertyList::read(bundle / "Info.plist");
-  if (!info) throw BadInput(archive.string() + ": Info.plist is missing or no property list");
-  std::string id = info->text("CFBundleIdentifier").value_or("");
-  if (!isIdentifier(id)) throw BadInput(archive.string() + ": Info.plist has no usable CFBundleIdentifier");
+  // On the device, where the home screen's reader sees it and the finished bundle only has to be renamed.
+  const TemporaryFolder staging(at(bundles).parent_path());
+  const auto onDevice = [&](const fs::path& path) { return "/" / path.lexically_relative(root_); };
+  unpack(archive, staging.path() / "archive");
+  const fs::path bundle = findBundle(staging.path() / "archive", archive);
+  const auto read = readByHomeScreen(root_, {onDevice(bundle)});
+  if (read.empty()) throw BadInput(archive.string() + ": Info.plist is missing or tells no CFBundleIdentifier");
+  Application installed = read.front();
+  if (!isIdentifier(installed.id)) {
+    throw BadInput(archive.string() + ": Info.plist has no usable CFBundleIdentifier");
+  }
 
-  const fs::path holder = at(bundles) / uuid("bundle " + id);
-  const auto previous = application(id);
-  if (previous) fs::rename(resolve(previous->bundle).parent_path(), unpacked.path() / "previous");
-  fs::create_directories(holder);
+  const auto previous = application(installed.id);
+  const fs::path data =
+      previous && !previous->data.empty() ? resolve(previous->data) : makeDataContainer(root_, installed.id);
+  const fs::path holder = staging.path() / "holder";
+  fs::create_directory(holder);
   fs::rename(bundle, holder / bundle.filename());
-  if (!previous || previous->data.empty()) makeDataContainer(root_, id);
-  return id;
+  const fs::path place =
+      previous ? resolve(previous->bundle).parent_path() : at(bundles) / uuid("bundle " + installed.id);
+  if (previous) exchange(holder, place);
+  else fs::rename(holder, place);
+  installed.bundle = onDevice(place / bundle.filename());
+  installed.data = onDevice(data);
+  return installed;
 }
 
 void Device::uninstall(std::string_view id) {
@@ -194,17 +206,25 @@ void Device::setMarker(std::string_view name, bool present) {
   throw BadInput("no marker " + std::string(name));
 }
 
-void Device::setSettings(const std::vector<std::string>& assignments) {
-  const fs::path file = resolve(settingsFile);
-  PropertyList settings = PropertyList::read(file).value_or(PropertyList());
-  if (!settings.isDictionary()) settings = PropertyList();
+nlohmann::ordered_json Device::settingsIn(const std::vector<std::string>& assignments) {
+  auto values = nlohmann::ordered_json::object();
   for (const std::string& assignment : assignments) {
     const std::size_t sign = assignment.find('=');
     if (sign == std::string::npos || sign == 0) throw BadInput("not KEY=VALUE: " + assignment);
-    const std::string key = assignment.substr(0, sign);
     const std::string value = assignment.substr(sign + 1);
-    if (value.empty()) settings.remove(key);
-    else settings.set(key, settingValue(value));
+    values[assignment.substr(0, sign)] = value.empty() ? nullptr : settingValue(value);
+  }
+  return values;
+}
+
+void Device::setSettings(const std::vector<std::string>& assignments) {
+  const auto values = settingsIn(assignments);
+  const fs::path file = resolve(settingsFile);
+  PropertyList settings = PropertyList::read(file).value_or(PropertyList());
+  if (!settings.isDictionary()) settings = PropertyList();
+  for (const auto& [key, value] : values.items()) {
+    if (value.is_null()) settings.remove(key);
+    else settings.set(key, value);
   }
   settings.write(file, PropertyList::Format::binary);
 }

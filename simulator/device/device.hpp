@@ -19,6 +19,7 @@ class Device {
   struct Application {
     std::string id;                      ///< bundle identifier
     std::string name;                    ///< what the home screen shows
+    std::string version;                 ///< as people write it; empty when the application tells none
     std::filesystem::path bundle, data;  ///< absolute paths on the device; data is empty without a container
   };
 
@@ -38,12 +39,12 @@ class Device {
   /// when a link leads out of the device. The file itself need not exist.
   std::filesystem::path resolve(const std::filesystem::path& path) const;
 
-  /// The applications, by identifier.
+  /// The applications, by name, as the home screen finds them.
   std::vector<Application> applications() const;
   std::optional<Application> application(std::string_view id) const;
-  /// Installs an application archive and returns its identifier. Replaces the bundle of an application that is
-  /// there and keeps its data. Throws `BadInput`; the device is unchanged then.
-  std::string install(const std::filesystem::path& archive);
+  /// Installs an application archive and gives what it held. Replaces the bundle of an application that is there, at
+  /// once, and keeps its data. Throws `BadInput`; the device is unchanged then.
+  Application install(const std::filesystem::path& archive);
   /// Takes an application away, with its data.
   void uninstall(std::string_view id);
 
@@ -53,9 +54,11 @@ class Device {
   /// Puts a marker there or takes it away, by its name. Throws `BadInput` for an unknown one.
   void setMarker(std::string_view name, bool present);
 
-  /// Writes settings as the settings pane does: texts KEY=VALUE, where true, false, YES and NO become booleans,
-  /// numbers become numbers, everything else stays text, and nothing removes the key. Other keys stay. Throws
-  /// `BadInput` for a text without "=" or without a key; nothing is written then.
+  /// What texts KEY=VALUE set, by key: true, false, YES and NO become booleans, numbers become numbers, everything else
+  /// stays text, and nothing becomes null. Throws `BadInput` for a text without "=" or without a key.
+  static nlohmann::ordered_json settingsIn(const std::vector<std::string>& assignments);
+  /// Writes those settings into the file; null removes the key. Other keys stay. Throws as `settingsIn` does; nothing
+  /// is written then.
   void setSettings(const std::vector<std::string>& assignments);
 
   /// An identifier of 128 bits as text, always the same for the same seed.

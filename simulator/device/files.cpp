@@ -22,6 +22,8 @@ void makeRemovable(const fs::path& folder) {
 
 }  // namespace
 
+fs::path programFolder() { return fs::read_symlink("/proc/self/exe").parent_path(); }
+
 std::optional<std::string> readFile(const fs::path& file) {
   std::error_code failed;
   if (!fs::is_regular_file(file, failed)) return std::nullopt;

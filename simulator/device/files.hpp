@@ -9,6 +9,9 @@
 
 namespace sim {
 
+/// The folder of the running program, where those that it starts are, too.
+std::filesystem::path programFolder();
+
 /// The whole file; none when it cannot be read.
 std::optional<std::string> readFile(const std::filesystem::path& file);
 /// Replaces the file whole, through a temporary file beside it; makes its folder. Throws `std::system_error`.

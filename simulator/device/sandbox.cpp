@@ -72,8 +72,9 @@ Words tracingCommand(const fs::path& device, const fs::path& buildFolder) {
   return words;
 }
 
-/// Starts a program that is looked up in PATH; the streams are file descriptors, and `socket` becomes number 3.
-pid_t spawn(const Words& words, const Environment& environment, int output, int socket) {
+/// Starts a program that is looked up in PATH; the streams are file descriptors, `socket` becomes number 3 and
+/// `preferences` number 4.
+pid_t spawn(const Words& words, const Environment& environment, int output, int socket, int preferences) {
   std::vector<char*> arguments;
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
@@ -88,7 +89,10 @@ pid_t spawn(const Words& words, const Environment& environment, int output, int 
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
   posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
   posix_spawn_file_actions_adddup2(&actions, output, STDERR_FILENO);
+  // Not where the next one is to go.
+  const int kept = preferences >= 0 ? fcntl(preferences, F_DUPFD_CLOEXEC, 5) : -1;
   if (socket >= 0) posix_spawn_file_actions_adddup2(&actions, socket, 3);
+  if (kept >= 0) posix_spawn_file_actions_adddup2(&actions, kept, 4);
   // A group of its own: the terminal's interrupt goes to the driver alone, and one signal ends the whole group.
   posix_spawnattr_t attributes;
   posix_spawnattr_init(&attributes);
@@ -98,6 +102,7 @@ pid_t spawn(const Words& words, const Environment& environment, int output, int 
   const int failed = posix_spawnp(&pid, arguments.front(), &actions, &attributes, arguments.data(), variables.data());
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&actions);
+  if (kept >= 0) close(kept);
   if (failed != 0) throw std::system_error(failed, std::generic_category(), words.front());
   return pid;
 }
@@ -117,7 +122,7 @@ bool namespacesAllowed() {
   try {
     const pid_t pid = spawn({"bwrap", "--unshare-user", "--unshare-pid", "--ro-bind", "/", "/", "--dev", "/dev",
                              "--proc", "/proc", "--", "true"},
-                            {{"PATH", "/usr/bin:/bin"}}, output, -1);
+                            {{"PATH", "/usr/bin:/bin"}}, output, -1, -1);
     waitpid(pid, &status, 0);
   } catch (const std::system_error&) {
     status = -1;
@@ -159,7 +164,7 @@ Environment fullEnvironment(const Environment& extra) {
 }  // namespace
 
 SandboxedProcess::SandboxedProcess(const fs::path& device, const fs::path& buildFolder, const Words& command,
-                                   const Environment& environment) {
+                                   const Environment& environment, int preferences) {
   static const Kind kind = chooseKind();
   Words words = kind == Kind::namespaces ? namespaceCommand(device, buildFolder) : tracingCommand(device, buildFolder);
   words.insert(words.end(), command.begin(), command.end());
@@ -171,7 +176,7 @@ SandboxedProcess::SandboxedProcess(const fs::path& device, const fs::path& build
   socket_ = sockets[0];
   output_ = memfd_create("output", MFD_CLOEXEC);
   try {
-    pid_ = spawn(words, fullEnvironment(environment), output_, sockets[1]);
+    pid_ = spawn(words, fullEnvironment(environment), output_, sockets[1], preferences);
   } catch (...) {
     for (const int descriptor : {sockets[0], sockets[1], output_}) close(descriptor);
     throw;

@@ -17,10 +17,12 @@ namespace sim {
 class SandboxedProcess {
  public:
   /// Starts `command`, whose paths are the device's; `buildFolder` is there as /run/simulator. The program's end of
-  /// the socket is its file descriptor 3. Namespaces are used where they are allowed, else system calls are traced;
+  /// the socket is its file descriptor 3; `preferences`, a socket to the preferences daemon, its descriptor 4 (-1
+  /// for none). Namespaces are used where they are allowed, else system calls are traced;
   /// SIMULATOR_SANDBOX=bwrap or proot in the environment decides for one. Throws `std::runtime_error`.
   SandboxedProcess(const std::filesystem::path& device, const std::filesystem::path& buildFolder,
-                   const std::vector<std::string>& command, const std::map<std::string, std::string>& environment);
+                   const std::vector<std::string>& command, const std::map<std::string, std::string>& environment,
+                   int preferences = -1);
   ~SandboxedProcess();
   SandboxedProcess(const SandboxedProcess&) = delete;
   SandboxedProcess& operator=(const SandboxedProcess&) = delete;

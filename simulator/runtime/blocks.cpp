@@ -4,7 +4,9 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "simulator/runtime/class_builder.hpp"
 
@@ -68,37 +70,58 @@ long liveBlocks() { return living; }
 
 namespace {
 
-/// What a pool holds in a block's place: Foundation's pools send messages, which the runtime here cannot send to a
-/// block.
-struct BlockKeeper : Object {
-  const void* block;
-};
-
-void letGo(BlockKeeper* self, SEL) {
-  _Block_release(self->block);
-  sendSuper(self, "NSObject"_cls, "dealloc"_sel);
+// The messages that a block gets from collections and pools. Only a copied one is counted: others live where they were
+// written, whoever wants to keep them.
+id keep(id self, SEL) { return self; }
+void letGo(id, SEL) {}
+NSUInteger count(id, SEL) { return 1; }
+id copy(id self, SEL) { return static_cast<id>(_Block_copy(self)); }
+id copyInZone(id self, SEL, void*) { return static_cast<id>(_Block_copy(self)); }
+void release(id self, SEL) { _Block_release(self); }
+NSUInteger references(id self, SEL) {
+  return static_cast<NSUInteger>(reinterpret_cast<AnyHeader*>(self)->flags & countMask);
 }
 
-bool isOf(id object, void* const* blocks) { return reinterpret_cast<void* const*>(object->isa) == blocks; }
+struct Row {
+  const char* selector;
+  IMP implementation;
+  std::string encoding;
+};
+
+template <class Function>
+Row row(const char* selector, Function function, std::string encoding) {
+  return {selector, reinterpret_cast<IMP>(function), std::move(encoding)};
+}
+
+Class makeClass(const char* superclass, const char* name, std::size_t extraBytes, const std::vector<Row>& rows) {
+  Class cls = objc_allocateClassPair(objc_getClass(superclass), name, extraBytes);
+  for (const auto& [selector, implementation, encoding] : rows)
+    detail::addMethod(cls, selector, implementation, encoding);
+  return cls;
+}
+
+// What every block begins with is the address of one of the platform's arrays: the class is built there, where the
+// blocks that the compiler has laid out expect it.
+void makeClassAt(void* (&place)[32], const char* name, const std::vector<Row>& rows = {}) {
+  std::memcpy(place, makeClass("NSBlock", name, sizeof place, rows), sizeof place);
+  objc_registerClassPair(reinterpret_cast<Class>(place));
+}
 
 }  // namespace
 
-// No builder: the keepers are the pools' business and not among the simulated objects that are counted.
-void defineBlockKeeper() {
-  Class cls = detail::allocateClass("BlockKeeper", "NSObject", sizeof(BlockKeeper), sizeof(Object), {});
-  detail::addMethod(cls, "dealloc", reinterpret_cast<IMP>(&letGo), methodEncoding<void>());
-}
-
-bool isBlock(id object) {
-  return isCopiedBlock(object) || isOf(object, _NSConcreteStackBlock) || isOf(object, _NSConcreteGlobalBlock);
-}
-
-bool isCopiedBlock(id object) { return isOf(object, _NSConcreteMallocBlock); }
-
-void autoreleaseBlock(id block) {
-  auto* keeper = static_cast<BlockKeeper*>(NSAllocateObject("BlockKeeper"_cls, 0, nullptr));
-  keeper->block = block;
-  send<id>(keeper, "autorelease"_sel);
+void defineBlockClasses() {
+  objc_registerClassPair(makeClass(
+      "NSObject", "NSBlock", 0,
+      {row("retain", &keep, methodEncoding<id>()), row("release", &letGo, methodEncoding<void>()),
+       row("autorelease", &keep, methodEncoding<id>()), row("retainCount", &count, methodEncoding<NSUInteger>()),
+       row("copy", &copy, methodEncoding<id>()), row("copyWithZone:", &copyInZone, methodEncoding<id, void*>())}));
+  makeClassAt(_NSConcreteGlobalBlock, "__NSGlobalBlock__");
+  makeClassAt(_NSConcreteStackBlock, "__NSStackBlock__");
+  IMP autorelease = method_getImplementation(class_getInstanceMethod("NSObject"_cls, "autorelease"_sel));
+  makeClassAt(_NSConcreteMallocBlock, "__NSMallocBlock__",
+              {row("retain", &copy, methodEncoding<id>()), row("release", &release, methodEncoding<void>()),
+               row("autorelease", autorelease, methodEncoding<id>()),
+               row("retainCount", &references, methodEncoding<NSUInteger>())});
 }
 
 }  // namespace sim

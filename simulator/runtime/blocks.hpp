@@ -4,11 +4,6 @@
 #include "platform/block.hpp"
 #include "simulator/runtime/encoding.hpp"
 
-extern "C" {
-extern void* _NSConcreteMallocBlock[32];  // NOLINT(bugprone-reserved-identifier)
-void _Block_release(const void* target);  // NOLINT(bugprone-reserved-identifier)
-}
-
 namespace sim {
 
 /// Keeps a copy of a block, as the platform's methods do with the blocks they are given. May hold none.
@@ -34,12 +29,8 @@ class BlockRef {
 /// How many copied blocks are alive in the process.
 long liveBlocks();
 
-/// Lets autorelease pools hold blocks. To be called once, before anything autoreleases one.
-void defineBlockKeeper();
-/// Whether the object, which is not nil, is a block, and whether it is one that was copied and is counted.
-bool isBlock(id object);
-bool isCopiedBlock(id object);
-/// Releases a copied block when the surrounding pool drains.
-void autoreleaseBlock(id block);
+/// Makes blocks objects of the runtime, so that collections and pools can hold them. To be called once, before anything
+/// sends one a message.
+void defineBlockClasses();
 
 }  // namespace sim

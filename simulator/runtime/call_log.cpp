@@ -1,5 +1,6 @@
 #include "simulator/runtime/call_log.hpp"
 
+#include <cstdio>
 #include <string_view>
 
 namespace sim {
@@ -8,7 +9,9 @@ bool loggingMessages = false;
 bool mappingLibrary = false;
 
 // Foundation's messages say nothing about the home screen: texts, numbers, files.
-bool isFoundation(std::string_view className) { return className.starts_with("NS") || className.starts_with("GS"); }
+bool isFoundation(std::string_view className) {
+  return className.starts_with("NS") || className.starts_with("GS") || className.starts_with("__NS");
+}
 }  // namespace
 
 std::vector<Call>& callLog() {
@@ -23,6 +26,12 @@ bool isMappingLibrary() { return mappingLibrary; }
 void logMethod(Call::Kind kind, Class cls, SEL selector, const char* encoding) {
   if (mappingLibrary)
     callLog().push_back({kind, class_getName(cls), sel_getName(selector), encoding != nullptr ? encoding : ""});
+}
+
+void logMissingMethod(Class cls, SEL selector) {
+  const char* className = cls != nullptr ? class_getName(cls) : "nil";
+  callLog().push_back({Call::Kind::missing, className, sel_getName(selector), ""});
+  std::fprintf(stderr, "SpringBoard: nothing to hook: %s %s\n", className, sel_getName(selector));
 }
 
 }  // namespace sim

@@ -7,6 +7,10 @@
 
 namespace sim::clock {
 
+/// Whether the clock can be set to this time, in seconds since 1970. It counts nanoseconds in 64 bits; what it has of
+/// them beyond 2223 is for running on.
+constexpr bool canStandAt(double seconds) { return seconds >= 0 && seconds < 8e9; }
+
 /// Nanoseconds that have passed, more than none.
 std::int64_t passed();
 /// Lets time pass up to that moment, without running anything. A moment that is over changes nothing.

@@ -28,7 +28,7 @@ extern "C" BOOL class_addMethod(Class cls, SEL selector, IMP implementation, con
 
 extern "C" void MSHookMessageEx(Class cls, SEL message, IMP replacement, IMP* previous) {
   Method method = cls != nullptr ? class_getInstanceMethod(cls, message) : nullptr;
-  if (method == nullptr) return;
+  if (method == nullptr) return sim::logMissingMethod(cls, message);
   const char* types = method_getTypeEncoding(method);
   sim::logMethod(sim::Call::Kind::hook, cls, message, types);
   *previous = method_getImplementation(method);

@@ -5,6 +5,7 @@
 
 #include "simulator/device/device.hpp"
 #include "simulator/device/files.hpp"
+#include "tests/support/archive.hpp"
 #include "tests/support/command.hpp"
 #include "tests/support/places.hpp"
 
@@ -78,9 +79,16 @@ INSTANTIATE_TEST_SUITE_P(
                     BadLine{"type hello", "no sheet or alert"}, BadLine{"install /nowhere/at-all.ipa", "at-all.ipa"},
                     BadLine{"edit maybe", "maybe"}, BadLine{"advance soon", "soon"}, BadLine{"advance -1", "forwards"},
                     BadLine{"cat /var/nothing", "/var/nothing"}, BadLine{"plist /var/mobile", "/var/mobile"},
-                    BadLine{"plist com.example.nothing", "no preferences domain"}, BadLine{"ls /../../etc", ".."},
-                    BadLine{"settings direction", "direction"}, BadLine{"download pause com.example.x", "pause"},
-                    BadLine{"screen sideways", "sideways"}, BadLine{"boot ancient", "ancient"},
+                    BadLine{"plist com.example.nothing", "no such file"},
+                    BadLine{"preferences com.example.nothing", "does not hold com.example.nothing"},
+                    BadLine{"preferences", "usage: preferences DOMAIN"}, BadLine{"ls /../../etc", ".."},
+                    BadLine{"settings direction", "direction"},
+                    BadLine{"settings enabled=false direction --through-daemon", "direction"},
+                    BadLine{"download pause com.example.x", "pause"}, BadLine{"screen sideways", "sideways"},
+                    BadLine{"boot ancient", "ancient"}, BadLine{"boot old --clock 1e30", "cannot stand at 1e30"},
+                    BadLine{"boot old --clock 1e19", "cannot stand at 1e19"},
+                    BadLine{"boot new --clock -1", "cannot stand at -1"}, BadLine{"boot new --clock nan", "nan"},
+                    BadLine{"clear", "no sheet or alert"}, BadLine{"paste x", "no sheet or alert"},
                     BadLine{"touch \"com.example.notes", "quot"}));
 
 TEST_F(Script, AnExpectationThatFailsEndsWithOne) {
@@ -119,17 +127,57 @@ TEST_F(Script, HelpListsEveryVerb) {
         << verb;
 }
 
-TEST_F(Script, PlistShowsAFileOrAPreferencesDomainAsTheProcessHoldsIt) {
+TEST_F(Script, InstallSaysWhatItInstalled) {
+  const auto archive = folder.path() / "neu.ipa";
+  const std::string info =
+      R"(<plist version="1.0"><dict><key>CFBundleIdentifier</key><string>com.example.new</string>)";
+  test::writeArchive(archive, {{"Payload/Neü.app/Info.plist", info + "</dict></plist>"}});
+  EXPECT_NE(play(boot() + "install " + archive.string() + "\nexpect Neü\n")
+                .output.find("installed com.example.new \"Neü\", no version\n"),
+            std::string::npos);
+  test::writeArchive(archive, {{"Payload/Neü.app/Info.plist",
+                                info + "<key>CFBundleVersion</key><string>2 🆕</string></dict></plist>"}});
+  EXPECT_NE(play(boot() + "install " + archive.string() + "\n")
+                .output.find("installed com.example.new \"Neü\", version 2 🆕\n"),
+            std::string::npos);
+}
+
+TEST_F(Script, TheNumberPadHasDigitsOnly) {
+  const std::string dialog = boot() + "swipe up com.example.chess\ntap \"Set Badges\"\n";
+  const auto refused = play(dialog + "type 1x\n");
+  EXPECT_EQ(refused.status, 2);
+  EXPECT_NE(refused.errors.find("The number pad has digits only"), std::string::npos) << refused.errors;
+  const auto played = play(dialog + "type 12\npaste \"your move\"\ntap Apply\nexpect \"Chess (your move)\"\n");
+  EXPECT_EQ(played.status, 0) << played.errors;
+}
+
+TEST_F(Script, TheClearButtonIsThereToEmptyAField) {
+  const std::string dialog = boot() + "swipe up com.example.chess\ntap \"Rename App\"\nadvance 1\n";
+  const auto played = play(dialog + "clear\nexpect-not \"[ Chess\"\nclear\n");
+  EXPECT_EQ(played.status, 2);
+  EXPECT_EQ(played.errors, "line 7: The text field shows no clear button\n");
+  const auto pad = play(boot() + "swipe up com.example.chess\ntap \"Set Badges\"\ntype 1\nclear\n");
+  EXPECT_EQ(pad.errors, "line 5: The text field shows no clear button\n");
+}
+
+TEST_F(Script, PlistShowsAFileAndPreferencesADomainAsTheDaemonHoldsIt) {
+  const std::string file = "plist /var/mobile/Library/Preferences/com.morvanel.sprigdial.plist\n";
   const auto played = play(boot() +
                            "settings direction=0 slideValue=0.5 enabled=true\n"
                            "swipe up com.example.notes\ntap \"Rename App\"\nadvance 1\ntype \"42\"\ntap Apply\n"
-                           "plist com.morvanel.sprigdial\n"
-                           "plist /var/mobile/Library/Preferences/com.morvanel.sprigdial.plist\n");
+                           "settings slideValue=0.75 enabled= --through-daemon\n" +
+                           file + "preferences com.morvanel.sprigdial\nflush\n" + file);
   EXPECT_EQ(played.status, 0) << played.errors;
-  const std::string name = "  \"com.example.notes\": \"42\"\n";
-  EXPECT_NE(played.output.find("> plist com.morvanel.sprigdial\n{\n" + name + "}\n"), std::string::npos)
-      << played.output;
-  for (const std::string& line : {name, std::string("  \"direction\": 0\n"), std::string("  \"slideValue\": 0.5\n"),
-                                  std::string("  \"enabled\": true\n")})
-    EXPECT_NE(played.output.find(line), std::string::npos) << line;
+  const std::string before =
+      "{\n  \"com.example.notes\": \"42\"\n  \"direction\": 0\n  \"enabled\": true\n  \"slideValue\": 0.5\n}\n";
+  const std::string after = "{\n  \"com.example.notes\": \"42\"\n  \"direction\": 0\n  \"slideValue\": 0.75\n}\n";
+  const std::string untilFlushed =
+      "> " + file + before + "> preferences com.morvanel.sprigdial\n" + after + "> flush\n";
+  const auto place = played.output.find(untilFlushed);
+  ASSERT_NE(place, std::string::npos) << played.output;
+  // The daemon writes its keys as they come.
+  const std::string written = played.output.substr(place + untilFlushed.size());
+  EXPECT_NE(written.find("\"com.example.notes\": \"42\"\n"), std::string::npos) << written;
+  EXPECT_NE(written.find("\"slideValue\": 0.75\n"), std::string::npos) << written;
+  EXPECT_EQ(written.find("enabled"), std::string::npos) << written;
 }

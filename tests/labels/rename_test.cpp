@@ -16,7 +16,7 @@ class Renaming : public test::Generations {
  protected:
   void SetUp() override { home.install({}); }
   std::string label(const std::string& id = app) { return home.icon(id).label; }
-  // A preferences domain of nothing is none.
+  // A domain that the daemon does not hold is none.
   std::string preferences() {
     const auto held = home->preferences(domain);
     return held ? held->readable() : "none";
@@ -258,10 +258,11 @@ TEST_P(Renaming, TheFirstNameCreatesTheFile) {
 }
 
 TEST_P(Renaming, ThePreferencesDomainGetsTheNameAlone) {
-  home.settings({"direction=0"});
-  EXPECT_EQ(preferences(), "none");
+  home.settings({"disableType=0"});
+  home->readPreferences(domain);
+  home.settings({"disableType=1"});
   home.rename(app, "New");
-  EXPECT_EQ(preferences(), "{\n  \"com.example.test\": \"New\"\n}");
+  EXPECT_EQ(preferences(), "{\n  \"com.example.test\": \"New\"\n  \"disableType\": 0\n}");
 }
 
 TEST_P(Renaming, SettingsChangedMeanwhileAreKept) {

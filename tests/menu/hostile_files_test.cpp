@@ -46,11 +46,26 @@ TEST_P(HostileFiles, ALinkLoopInTheCachesEnds) {
   EXPECT_TRUE(home.showsAlert());
 }
 
-TEST_P(HostileFiles, NamesThatAreNoTextAreCounted) {
+TEST_P(HostileFiles, NamesThatAreNoTextAreCountedAndCleared) {
   home.install({});
+  const auto caches = home.container(app) / "Library/Caches";
+  const std::string mixed = "100%FF 50%/\xc3\xa9\xc3/\xed\xa0\x80%41";
   home.addCache(app, "bad\xff\xfename", 1572864);
+  home.addCache(app, mixed, 524288);
+  home.addCache(app, "bad%FF%FE", 1048576);
+  home.addCache(app, "100%", 1048576);
   home.openMenu();
-  EXPECT_TRUE(home.showsAlert());
+  EXPECT_EQ(home.cacheTitle(), "Clear Caches(4 MB)");
+  home->tap("Clear Caches(4 MB)").tap("YES").tap("OK");
+  EXPECT_TRUE(std::filesystem::is_directory(caches));
+  EXPECT_TRUE(std::filesystem::is_empty(caches));
+}
+
+TEST_P(HostileFiles, ABundleWhoseNameIsNoTextIsAnApplication) {
+  home.install({.name = "", .folder = "Bad\xff.app"});
+  EXPECT_EQ(home.icon(app).label, "Bad%FF");
+  home.openMenu();
+  EXPECT_EQ(home.alert().title, "Bad%FF");
 }
 
 TEST_P(HostileFiles, AFileInTheCachesPlaceHasNoSize) {

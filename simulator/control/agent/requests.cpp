@@ -123,13 +123,28 @@ json animations(const json& request) {
 
 json setClock(const json& request) {
   const double seconds = request.at("seconds").get<double>();
-  if (!(seconds >= 0 && seconds < lastMoment)) throw BadRequest("There is no such time on this clock");
+  if (!clock::canStandAt(seconds)) throw BadRequest("There is no such time on this clock");
   clock::set(clock::time(seconds));
   return {};
 }
 
 json typeText(const json& request) {
-  send(touches::requireFocus(), "setText:"_sel, ns(textOf(request, "text")));
+  const std::string typed = textOf(request, "text");
+  UITextField* field = touches::requireFocus();
+  if (!field->hasKeysFor(typed)) throw BadRequest("The number pad has digits only: \"" + typed + "\" can be pasted");
+  field->typeOver(typed);
+  return {};
+}
+
+json pasteText(const json& request) {
+  touches::requireFocus()->replaceAll(ns(textOf(request, "text")));
+  return {};
+}
+
+json clearText(const json&) {
+  UITextField* field = touches::requireFocus();
+  if (!field->showsClearButton()) throw BadRequest("The text field shows no clear button");
+  field->tapClearButton();
   return {};
 }
 
@@ -218,6 +233,8 @@ json advance(const json& request) {
 
 json now(const json&) { return static_cast<double>(static_cast<long double>(clock::now()) / second); }
 
+json uptime(const json&) { return static_cast<double>(clock::passed() / second); }
+
 json pasteboard(const json&) {
   const UIPasteboard* board = generalPasteboard();
   if (!board->type) return {};
@@ -226,11 +243,29 @@ json pasteboard(const json&) {
 
 json preferencesDomain(const json& request) {
   const std::string domain = textOf(request, "domain");
-  id values = preferences(domain);
+  id values = valueOf(request, "read", false) ? readPreferences(domain) : heldPreferences(domain);
   if (values == nullptr) return {};
   const auto xml = xmlPropertyList(values);
   if (!xml) throw BadRequest("The preferences domain \"" + domain + "\" holds what no property list can");
   return *xml;
+}
+
+id settingOf(const json& value) {
+  if (value.is_boolean()) return send<id>("NSNumber"_cls, "numberWithBool:"_sel, BOOL{value.get<bool>()});
+  if (value.is_number_integer())
+    return send<id>("NSNumber"_cls, "numberWithLongLong:"_sel, static_cast<long long>(value.get<std::int64_t>()));
+  if (value.is_number()) return send<id>("NSNumber"_cls, "numberWithDouble:"_sel, value.get<double>());
+  return ns(value.get<std::string>());
+}
+
+json changePreferences(const json& request) {
+  id values = send<id>("NSMutableDictionary"_cls, "dictionary"_sel);
+  std::vector<std::string> removed;
+  for (const auto& [key, value] : request.at("values").items())
+    if (value.is_null()) removed.push_back(key);
+    else send(values, "setObject:forKey:"_sel, settingOf(value), ns(key));
+  setPreferences(textOf(request, "domain"), values, removed);
+  return {};
 }
 
 json urls(const json&) {
@@ -251,7 +286,7 @@ json launches(const json&) {
 }
 
 json calls(const json& request) {
-  static constexpr const char* kinds[] = {"hook", "add", "observe", "send", "post"};
+  static constexpr const char* kinds[] = {"hook", "add", "observe", "send", "post", "missing"};
   if (request.contains("messages")) logMessages(request["messages"].get<bool>());
   json list = json::array();
   for (const Call& call : callLog())
@@ -423,6 +458,8 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"choose", choose},
     {"tap", tapButton},
     {"type", typeText},
+    {"paste", pasteText},
+    {"clear", clearText},
     {"launch", onIcon<gestures::launch>},
     {"home", gesture<gestures::pressHome>},
     {"touch-at", touchAt},
@@ -443,8 +480,11 @@ const std::map<std::string, json (*)(const json&)> verbs = {
     {"setClock", setClock},
     {"animations", animations},
     {"now", now},
+    {"uptime", uptime},
     {"pasteboard", pasteboard},
     {"preferences", preferencesDomain},
+    {"setPreferences", changePreferences},
+    {"flush", gesture<flushPreferences>},
     {"urls", urls},
     {"launches", launches},
     {"calls", calls},

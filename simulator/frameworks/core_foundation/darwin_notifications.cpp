@@ -1,5 +1,8 @@
 #include "simulator/frameworks/core_foundation/darwin_notifications.hpp"
 
+#include <set>
+#include <utility>
+
 #include "platform/dispatch.hpp"
 #include "simulator/runtime/call_log.hpp"
 #include "simulator/runtime/objc.hpp"
@@ -16,10 +19,18 @@ std::vector<DarwinObserver>& registered() {
   return observers;
 }
 
+// The names whose observers are going to be called.
+std::set<std::string>& pending() {
+  static std::set<std::string> names;
+  return names;
+}
+
 std::string described(const void* pointer) { return pointer != nullptr ? "set" : "nil"; }
 
 void callObservers(CFStringRef name) {
   const std::string posted = text(asId(name));
+  // What an observer posts arrives on a turn of its own.
+  pending().erase(posted);
   // An observer may register others.
   const auto observers = registered();
   for (const auto& observer : observers) {
@@ -30,13 +41,18 @@ void callObservers(CFStringRef name) {
   }
 }
 
+/// Lets the observers be called on a later turn; posts of one name become one until then.
+template <class Call>
+void callLater(const std::string& name, Call call) {
+  if (pending().insert(name).second) dispatch::onNextTurn(std::move(call));
+}
+
 }  // namespace
 
 const std::vector<DarwinObserver>& darwinObservers() { return registered(); }
 
 void postDarwinNotification(const std::string& name) {
-  dispatch::afterOnMain(
-      0, [own = Ref<objc_object>(ns(name))] { callObservers(reinterpret_cast<CFStringRef>(own.get())); });
+  callLater(name, [own = Ref<objc_object>(ns(name))] { callObservers(reinterpret_cast<CFStringRef>(own.get())); });
 }
 
 }  // namespace sim
@@ -63,6 +79,6 @@ void CFNotificationCenterPostNotification(CFNotificationCenterRef, CFStringRef n
                             "object " + sim::described(object) + ", user info " + sim::described(userInfo) +
                                 (immediately != 0 ? ", immediately" : "")});
   // As it was given: a pending post keeps its name no more than an observer does.
-  dispatch::afterOnMain(0, [name] { sim::callObservers(name); });
+  sim::callLater(posted, [name] { sim::callObservers(name); });
 }
 }

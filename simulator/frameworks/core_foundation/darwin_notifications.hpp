@@ -19,8 +19,8 @@ struct DarwinObserver {
 
 /// The observers in the order of their registration.
 const std::vector<DarwinObserver>& darwinObservers();
-/// Another process posts a notification: at the end of the current event the observers of that name are called in
-/// the order of their registration.
+/// Another process posts a notification: on a later turn the observers of that name are called in the order of their
+/// registration. Posts of a name that is on its way already add nothing.
 void postDarwinNotification(const std::string& name);
 
 }  // namespace sim

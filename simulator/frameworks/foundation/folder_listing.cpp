@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "simulator/frameworks/foundation/file_names.hpp"
 #include "simulator/runtime/encoding.hpp"
 #include "simulator/runtime/objc.hpp"
 
@@ -40,13 +41,8 @@ int obstacle(const FTSENT* first) {
   return first->fts_errno != 0 ? first->fts_errno : ENOTDIR;
 }
 
-// A listing is an array of names. They are owned here, not autoreleased: a large folder leaves nothing behind but the
-// array.
-void addName(id listing, const char* name) {
-  const auto added =
-      Ref<objc_object>::adopt(send<id>(send<id>("NSString"_cls, "alloc"_sel), "initWithUTF8String:"_sel, name));
-  if (added != nullptr) send(listing, "addObject:"_sel, added.get());
-}
+// A listing is an array of names.
+void addName(id listing, const char* name) { send(listing, "addObject:"_sel, textOfPath(name).get()); }
 
 id listingOrError(Ref<objc_object> listing, int failure, id path, id* error) {
   if (failure == 0) return autoreleased(std::move(listing));
@@ -55,7 +51,7 @@ id listingOrError(Ref<objc_object> listing, int failure, id path, id* error) {
 }
 
 id contentsOfDirectory(id, SEL, id path, id* error) {
-  const std::unique_ptr<DIR, decltype(&closedir)> folder(opendir(text(path).c_str()), &closedir);
+  const std::unique_ptr<DIR, decltype(&closedir)> folder(opendir(bytesOfPath(path).c_str()), &closedir);
   const int failure = folder ? 0 : errno;
   auto found = make("NSMutableArray"_cls);
   while (const dirent* entry = folder ? readdir(folder.get()) : nullptr) {
@@ -66,7 +62,7 @@ id contentsOfDirectory(id, SEL, id path, id* error) {
 }
 
 id subpathsOfDirectory(id, SEL, id path, id* error) {
-  const std::string folder = text(path);
+  const std::string folder = bytesOfPath(path);
   char* const roots[] = {const_cast<char*>(folder.c_str()), nullptr};
   // Links below the folder are listed, not followed; only the folder itself may be one.
   const std::unique_ptr<FTS, decltype(&fts_close)> walk(

@@ -1,6 +1,7 @@
 #include "simulator/frameworks/foundation/foundation.hpp"
 
 #include "simulator/frameworks/foundation/delayed_messages.hpp"
+#include "simulator/frameworks/foundation/file_names.hpp"
 #include "simulator/frameworks/foundation/folder_listing.hpp"
 #include "simulator/frameworks/foundation/paths.hpp"
 #include "simulator/frameworks/foundation/property_list.hpp"
@@ -13,8 +14,9 @@ namespace sim {
 
 void installFoundationAdditions() {
   static constexpr void (*additions[])() = {
-      installPathHandling,        defineBlockKeeper,    installUserDefaults, installPropertyListReading,
-      installPropertyListWriting, installFolderListing, installTaskWaiting,  installDelayedMessages};
+      installPathHandling,  installFileNames,           defineBlockClasses,
+      installUserDefaults,  installPropertyListReading, installPropertyListWriting,
+      installFolderListing, installTaskWaiting,         installDelayedMessages};
   for (const auto install : additions) install();
 }
 

@@ -10,8 +10,8 @@
 #include <cstdlib>
 #include <ctime>
 #include <string_view>
-#include <vector>
 
+#include "simulator/frameworks/foundation/file_names.hpp"
 #include "simulator/runtime/encoding.hpp"
 
 namespace sim {
@@ -123,24 +123,12 @@ class XMLWriter {
 
   // The lines of Base64 get shorter the deeper they are indented, a tab counting as eight columns.
   void data(id object) {
-    const auto* bytes = static_cast<const unsigned char*>(send<const void*>(object, "bytes"_sel));
-    const std::string encoded = base64({bytes, bytes + send<NSUInteger>(object, "length"_sel)});
+    constexpr NSUInteger onOneLine = 0;
+    const std::string encoded = text(send<id>(object, "base64EncodedStringWithOptions:"_sel, onOneLine));
     const std::size_t width = 76 - 8 * std::min<std::size_t>(depth_, 8);
     line("<data>");
     for (std::size_t i = 0; i < encoded.size(); i += width) line(encoded.substr(i, width));
     line("</data>");
-  }
-
-  static std::string base64(const std::vector<unsigned char>& bytes) {
-    static constexpr char alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string encoded;
-    for (std::size_t i = 0; i < bytes.size(); i += 3) {
-      const std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
-      unsigned group = 0;
-      for (std::size_t j = 0; j < 3; ++j) group = group << 8 | (j < count ? bytes[i + j] : 0);
-      for (std::size_t j = 0; j < 4; ++j) encoded += j <= count ? alphabet[group >> (18 - 6 * j) & 63] : '=';
-    }
-    return encoded;
   }
 
   std::string xml_;
@@ -163,21 +151,21 @@ bool writeInPlace(const std::string& path, const std::string& bytes) {
   return ::close(file) == 0 && written;
 }
 
-// What a new file would get; a file that is there already keeps its own.
-mode_t permissionsFor(const std::string& path) {
+// A file that is there already keeps its own.
+mode_t permissionsFor(const std::string& path, mode_t ofNewFile) {
   struct stat existing {};
   if (::stat(path.c_str(), &existing) == 0) return existing.st_mode & 07777;
   const mode_t mask = ::umask(0);
   ::umask(mask);
-  return 0666 & ~mask;
+  return ofNewFile & ~mask;
 }
 
-bool writeAndRename(const std::string& path, const std::string& bytes) {
+bool writeAndRename(const std::string& path, std::string_view bytes, mode_t ofNewFile) {
   const auto slash = path.rfind('/');
   std::string temporary = (slash != std::string::npos ? path.substr(0, slash + 1) : "") + ".dat.nosyncXXXXXX";
   const int file = ::mkostemp(temporary.data(), O_CLOEXEC);
   if (file < 0) return false;
-  const bool written = writeAll(file, bytes) && ::fchmod(file, permissionsFor(path)) == 0;
+  const bool written = writeAll(file, bytes) && ::fchmod(file, permissionsFor(path, ofNewFile)) == 0;
   if (::close(file) == 0 && written && ::rename(temporary.c_str(), path.c_str()) == 0) return true;
   ::unlink(temporary.c_str());
   return false;
@@ -186,7 +174,8 @@ bool writeAndRename(const std::string& path, const std::string& bytes) {
 BOOL writeToFile(id self, SEL, id path, BOOL atomically) {
   AutoreleasePool pool;
   const auto xml = xmlPropertyList(self);
-  return path != nullptr && xml && (atomically ? writeAndRename(text(path), *xml) : writeInPlace(text(path), *xml));
+  return path != nullptr && xml &&
+         (atomically ? writeAndRename(bytesOfPath(path), *xml, 0666) : writeInPlace(bytesOfPath(path), *xml));
 }
 
 }  // namespace
@@ -201,6 +190,15 @@ std::optional<std::string> xmlPropertyList(id object) try {
          writer.xml() + "</plist>\n";
 } catch (const NotAPropertyList&) {
   return std::nullopt;
+}
+
+bool writeBinaryPropertyList(id object, const std::string& path) {
+  constexpr NSUInteger binaryFormat = 200;
+  const AutoreleasePool pool;
+  id bytes = send<id>("NSPropertyListSerialization"_cls, "dataFromPropertyList:format:errorDescription:"_sel, object,
+                      binaryFormat, static_cast<id*>(nullptr));
+  return bytes != nullptr &&
+         writeAndRename(path, {send<const char*>(bytes, "bytes"_sel), send<NSUInteger>(bytes, "length"_sel)}, 0600);
 }
 
 void installPropertyListWriting() {

@@ -45,6 +45,48 @@ id UITextField::textOrEmpty() { return text ? text.get() : ns(""); }
 void UITextField::setText(id changed) { text = copied(changed); }
 void UITextField::setPlaceholder(id changed) { placeholder = copied(changed); }
 
+NSUInteger UITextField::length() { return send<NSUInteger>(textOrEmpty(), "length"_sel); }
+
+bool UITextField::hasKeysFor(const std::string& typed) {
+  return keyboardType != UIKeyboardType::numberPad || typed.find_first_not_of("0123456789") == std::string::npos;
+}
+
+void UITextField::replace(Range range, id replacement) {
+  SEL asked = "textField:shouldChangeCharactersInRange:replacementString:"_sel;
+  if (send<BOOL>(delegate, "respondsToSelector:"_sel, asked) && !send<BOOL>(delegate, asked, this, range, replacement))
+    return;
+  send(this, "setText:"_sel,
+       send<id>(textOrEmpty(), "stringByReplacingCharactersInRange:withString:"_sel, range, replacement));
+}
+
+void UITextField::typeOver(const std::string& typed) {
+  id keys = ns(typed);
+  const auto count = send<NSUInteger>(keys, "length"_sel);
+  // The delete key, too, takes away what is selected.
+  if (count == 0) return replaceAll(keys);
+  for (NSUInteger place = 0; place < count;) {
+    const AutoreleasePool pool;
+    const auto key = send<Range>(keys, "rangeOfComposedCharacterSequenceAtIndex:"_sel, place);
+    // The first key replaces everything, which is selected; the others come after what is there by then.
+    const Range range = place == 0 ? Range{0, length()} : Range{length(), 0};
+    replace(range, send<id>(keys, "substringWithRange:"_sel, key));
+    place = key.location + key.length;
+  }
+}
+
+void UITextField::replaceAll(id pasted) { replace({0, length()}, pasted); }
+
+bool UITextField::showsClearButton() {
+  return (clearButtonMode == UITextFieldViewMode::always || clearButtonMode == UITextFieldViewMode::whileEditing) &&
+         length() > 0;
+}
+
+void UITextField::tapClearButton() {
+  SEL asked = "textFieldShouldClear:"_sel;
+  if (send<BOOL>(delegate, "respondsToSelector:"_sel, asked) && !send<BOOL>(delegate, asked, this)) return;
+  send(this, "setText:"_sel, ns(""));
+}
+
 void defineUITextField() {
   static objc_protocol delegate{objc_getClass("Protocol"), "UITextFieldDelegate", nullptr, nullptr, nullptr};
   __objc_protocols_add_protocol(delegate.name, &delegate);

@@ -5,7 +5,7 @@
 namespace sim {
 
 enum class UIKeyboardType : NSInteger { standard = 0, numberPad = 4 };
-enum class UITextFieldViewMode : NSInteger { never = 0, always = 3 };
+enum class UITextFieldViewMode : NSInteger { never = 0, whileEditing = 1, unlessEditing = 2, always = 3 };
 enum class UIReturnKeyType : NSInteger { standard = 0, done = 9 };
 
 /// A line of text that can be edited.
@@ -28,6 +28,23 @@ struct UITextField : UIView {
   BOOL becomeFirstResponder();
   BOOL resignFirstResponder();
   BOOL isFirstResponder() const;
+
+  /// Whether the keyboard that comes up for the field has keys for the text.
+  bool hasKeysFor(const std::string& typed);
+  /// What a person does who edits the field: types over what is there, key by key; puts something else in its place at
+  /// once, as pasting does; taps the clear button. The delegate has its say each time, and may keep things as they are.
+  void typeOver(const std::string& typed);
+  void replaceAll(id pasted);
+  void tapClearButton();
+  /// Whether the field has a clear button while it is edited.
+  bool showsClearButton();
+
+ private:
+  struct Range {
+    NSUInteger location, length;
+  };
+  void replace(Range range, id replacement);
+  NSUInteger length();
 };
 
 /// The field that what is typed goes into, of the key window; nil while there is none.

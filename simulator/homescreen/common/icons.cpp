@@ -34,6 +34,12 @@ bool belongsInDock(SBIcon* icon) {
   return std::any_of(docked.begin(), docked.end(), [&](id each) { return text(each) == identifier; });
 }
 
+// The name that the application brings along, as far as it is known.
+std::string ownName(const std::string& bundleIdentifier) {
+  id known = SBApplicationController::shared()->applicationWithBundleIdentifier(ns(bundleIdentifier));
+  return text(send<id>(send<id>(known, "info"_sel), "displayName"_sel));
+}
+
 // Adds a new icon of the class, initialised with one object.
 SBIcon* addIcon(Class cls, SEL initialiser, id content) {
   auto* icon = send<SBIcon*>(send<id>(cls, "alloc"_sel), initialiser, content);
@@ -45,8 +51,12 @@ SBIcon* addIcon(Class cls, SEL initialiser, id content) {
 void addApplications(const std::vector<InstalledApplication>& installed) {
   for (const auto& application : installed) {
     if (SBIcon* icon = iconOfApplication(application.bundleIdentifier); isDownloading(icon)) removeIcon(icon);
+    const std::string nameBefore = ownName(application.bundleIdentifier);
     SBApplication* known = SBApplicationController::shared()->update(application);
-    if (iconOfApplication(application.bundleIdentifier) != nullptr) continue;
+    if (SBIcon* icon = iconOfApplication(application.bundleIdentifier); icon != nullptr) {
+      if (application.name != nameBefore) send(viewOf(icon), "_updateLabel"_sel);
+      continue;
+    }
     SBIcon* icon = addIcon("SBApplicationIcon"_cls, "initWithApplication:"_sel, known);
     send(icon, "setBadge:"_sel, storedBadge(application.bundleIdentifier));
   }

@@ -6,6 +6,7 @@
 #include <map>
 #include <tuple>
 
+#include "simulator/frameworks/foundation/file_names.hpp"
 #include "simulator/homescreen/common/property_list.hpp"
 
 namespace sim {
@@ -13,12 +14,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The folders in a folder, in the order of their names; none when it cannot be read.
+// The folders in a folder, as the platform writes their paths, in the order of their names; none when it cannot be
+// read.
 std::vector<fs::path> foldersIn(const fs::path& folder) {
   std::vector<fs::path> folders;
   std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
-    if (std::error_code unreadable; entry->is_directory(unreadable)) folders.push_back(entry->path());
+  const fs::path bytes = bytesOfPath(ns(folder));
+  for (fs::directory_iterator entry(bytes, error), end; !error && entry != end; entry.increment(error))
+    if (std::error_code unreadable; entry->is_directory(unreadable))
+      folders.emplace_back(text(textOfPath(entry->path().native()).get()));
   std::sort(folders.begin(), folders.end());
   return folders;
 }
@@ -33,10 +37,16 @@ std::map<std::string, std::string> dataContainers() {
   return containers;
 }
 
+// The first text that says something.
+std::string firstText(id info, std::initializer_list<const char*> keys) {
+  for (const char* key : keys)
+    if (std::string found = textIn(info, key); !found.empty()) return found;
+  return {};
+}
+
 std::string nameOf(id info, const fs::path& bundle) {
-  for (const char* key : {"CFBundleDisplayName", "CFBundleName", "CFBundleExecutable"})
-    if (std::string name = textIn(info, key); !name.empty()) return name;
-  return bundle.stem();
+  const std::string name = firstText(info, {"CFBundleDisplayName", "CFBundleName", "CFBundleExecutable"});
+  return name.empty() ? bundle.stem().string() : name;
 }
 
 // Nothing at all reads as an empty text.
@@ -66,19 +76,30 @@ std::vector<std::string> urlSchemesOf(id info) {
 
 }  // namespace
 
+std::optional<InstalledApplication> applicationIn(const std::string& bundlePath) {
+  id info = dictionaryAt(bundlePath + "/Info.plist");
+  std::string identifier = textIn(info, "CFBundleIdentifier");
+  if (identifier.empty()) return std::nullopt;
+  return InstalledApplication{std::move(identifier),
+                              nameOf(info, bundlePath),
+                              firstText(info, {"CFBundleShortVersionString", "CFBundleVersion"}),
+                              bundlePath,
+                              std::nullopt,
+                              quickActionsOf(info),
+                              urlSchemesOf(info)};
+}
+
 std::vector<InstalledApplication> installedApplications() {
   const auto containers = dataContainers();
   std::vector<InstalledApplication> applications;
   for (const auto& container : foldersIn("/var/containers/Bundle/Application"))
     for (const auto& bundle : foldersIn(container)) {
       if (bundle.extension() != ".app") continue;
-      id info = dictionaryAt(bundle / "Info.plist");
-      const std::string identifier = textIn(info, "CFBundleIdentifier");
-      if (identifier.empty()) continue;
-      const auto data = containers.find(identifier);
-      applications.push_back({identifier, nameOf(info, bundle), bundle,
-                              data != containers.end() ? std::optional(data->second) : std::nullopt,
-                              quickActionsOf(info), urlSchemesOf(info)});
+      auto application = applicationIn(bundle);
+      if (!application) continue;
+      const auto data = containers.find(application->bundleIdentifier);
+      if (data != containers.end()) application->containerPath = data->second;
+      applications.push_back(std::move(*application));
     }
   std::sort(applications.begin(), applications.end(), [](const auto& a, const auto& b) {
     return std::tie(a.name, a.bundleIdentifier) < std::tie(b.name, b.bundleIdentifier);

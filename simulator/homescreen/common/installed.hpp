@@ -20,11 +20,15 @@ struct DeclaredQuickAction {
 struct InstalledApplication {
   std::string bundleIdentifier;
   std::string name;
+  std::string version;                       ///< as people write it; empty when none is told
   std::string bundlePath;                    ///< without a "/" at its end
   std::optional<std::string> containerPath;  ///< of its data; none when it never ran
   std::vector<DeclaredQuickAction> quickActions;
   std::vector<std::string> urlSchemes;  ///< in lower case
 };
+
+/// The application in a bundle's folder, its data left out; none without a readable bundle identifier.
+std::optional<InstalledApplication> applicationIn(const std::string& bundlePath);
 
 /// The device's applications, by name. Bundles without a readable bundle identifier are left out.
 std::vector<InstalledApplication> installedApplications();

@@ -1,0 +1,75 @@
+// The parts of the platform that the add-on itself does not try to the full.
+#include "tests/support/home.hpp"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+class Platform : public testing::Test {
+ protected:
+  sim::TemporaryFolder folder;
+  Json probed = Json::parse(test::runInside(sim::Device(folder.path()), "platform-probe"));
+};
+
+class MissingHooks : public test::OldGeneration {};
+
+}  // namespace
+
+TEST_F(Platform, DarwinPostsOfOneNameBecomeOneAndArriveLater) {
+  const Json& posts = probed.at("posts");
+  EXPECT_EQ(posts[0], Json::array()) << "not while they are posted";
+  EXPECT_EQ(posts[1], (Json{"one", "two"}));
+  EXPECT_EQ(posts[2], (Json{"one", "again", "posted", "again", "posted", "again", "posted"}))
+      << "what an observer posts is not lost, and has a turn of its own";
+}
+
+TEST_F(Platform, BlocksAreKeptByCollections) {
+  EXPECT_EQ(probed.at("blocks"), (Json{{"equal", {true, false}},
+                                       {"hashes", true},
+                                       {"found", {true, false}},
+                                       {"copied", true},
+                                       {"references", 3},
+                                       {"alive within the pool", 2},
+                                       {"alive in collections", 1},
+                                       {"called", {7, 9}},
+                                       {"classes", {"__NSMallocBlock__", "__NSGlobalBlock__"}},
+                                       {"blocks", {true, true}},
+                                       {"alive in one of them", 1},
+                                       {"alive at last", 0}}));
+}
+
+TEST_F(Platform, ATextFieldsDelegateHasItsSayKeyByKey) {
+  const Json& fields = probed.at("text fields");
+  const auto change = [](const std::string& before, int location, int length, const std::string& replacement) {
+    return Json::array({before, location, length, replacement});
+  };
+  const auto field = [](const Json& asked, const std::string& text) { return Json{{"asked", asked}, {"text", text}}; };
+  EXPECT_EQ(fields.at("typed"), field(Json::array({change("old", 0, 3, "a"), change("a", 1, 0, "e\u0301"),
+                                                   change("ae\u0301", 3, 0, "x"), change("ae\u0301", 3, 0, "b")}),
+                                      "ae\u0301b"));
+  EXPECT_EQ(fields.at("pasted"), field(Json::array({change("ae\u0301b", 0, 4, "whole text")}), "whole text"));
+  EXPECT_EQ(fields.at("nothing typed"), field(Json::array({change("whole text", 0, 10, "")}), ""));
+  EXPECT_EQ(fields.at("refused"), field(Json::array({change("kept", 0, 4, "n")}), "kept"));
+  EXPECT_EQ(fields.at("without a delegate"), field(Json::array(), "xyz"));
+}
+
+TEST_F(Platform, ATextFieldsClearButtonIsThereWhileThereIsSomethingToClear) {
+  const Json& fields = probed.at("text fields");
+  EXPECT_EQ(fields.at("clearing refused"), (Json{{"asked", {"clear kept"}}, {"text", "kept"}}));
+  EXPECT_EQ(fields.at("cleared"), (Json{{"asked", {"clear kept"}}, {"text", ""}}));
+  EXPECT_EQ(fields.at("clear button"), (Json{false, true, false, true, false}));
+}
+
+TEST_F(Platform, AHookWithoutAMethodIsLogged) {
+  EXPECT_EQ(probed.at("missing hooks"), (Json{"nil length", "NSString noSuchMethod", true}));
+}
+
+TEST_F(MissingHooks, OfAnotherGenerationAreTold) {
+  home.options().coreVersion = 1665.15;
+  std::vector<std::string> missing;
+  for (const auto& call : home->calls())
+    if (call.kind == "missing") missing.push_back(call.className + " " + call.selector);
+  EXPECT_NE(std::find(missing.begin(), missing.end(), "nil postNotificationRequest:"), missing.end());
+  EXPECT_NE(home->output().find("SpringBoard: nothing to hook: nil postNotificationRequest:\n"), std::string::npos)
+      << home->output();
+}
