@@ -233,6 +233,21 @@ TEST_P(Measures, TheKeyboardIsUpWhileATextFieldHasTheFocus) {
   EXPECT_EQ(windowNamed(home.screen(), "the keyboard"), nullptr);
 }
 
+TEST_P(Measures, ASheetTellsWhenItBeganToComeAndWhenItWillHaveCome) {
+  home.openMenu(notes);
+  const auto seen = home.screen();
+  const auto transition = seen.windows.at(0).transition;
+  ASSERT_TRUE(transition);
+  EXPECT_EQ(transition->kind, "presentation");
+  EXPECT_NEAR(transition->start, seen.passed, 1e-6);
+  EXPECT_NEAR(transition->end - transition->start, test::presentation, 1e-6);
+  home->advance(test::presentation);
+  EXPECT_FALSE(home.screen().windows.at(0).transition);
+  home->tapLate("Cancel");
+  EXPECT_EQ(home.screen().windows.at(0).transition->kind, "dismissal");
+  EXPECT_EQ(viewsOf(home.screen(), "UIDimmingView").size(), 1U) << "it goes at the end";
+}
+
 // The rest
 
 TEST_P(Measures, TheQuickActionListStandsByItsIcon) {

@@ -25,9 +25,10 @@ TEST_P(Tablet, ASheetHasNoCancelButton) {
 }
 
 TEST_P(Tablet, AnAlertHasOne) {
-  home->touch(notes).perform("setBadges");
+  home->touch(notes).perform("setBadges").advance(test::presentation);
   EXPECT_TRUE(home.hasButton("Cancel"));
   test::touchAt(home, 5, 5);
+  home->advance(test::dismissal);
   EXPECT_TRUE(home.showsAlert());
   home->tap("Cancel");
   EXPECT_FALSE(home.showsAlert());
@@ -35,7 +36,9 @@ TEST_P(Tablet, AnAlertHasOne) {
 
 TEST_P(Tablet, ATapOutsideThePopoverCancels) {
   home.openMenu(notes);
+  home->advance(test::presentation);
   test::touchAt(home, 5, 500);
+  home->advance(test::dismissal);
   EXPECT_TRUE(home.screen().windows.empty()) << "the cancel button's handler takes the window away";
   home->advance(1);
   home.openMenu(notes);
@@ -44,8 +47,10 @@ TEST_P(Tablet, ATapOutsideThePopoverCancels) {
 
 TEST_P(Tablet, ATapInsideThePopoverDoesNot) {
   home.openMenu(notes);
+  home->advance(test::presentation);
   const auto frame = popover();
   test::touchAt(home, frame.x + 20, frame.y + 10);
+  home->advance(test::dismissal);
   EXPECT_TRUE(home.showsAlert());
 }
 

@@ -148,24 +148,31 @@ TEST_P(Touches, ATapJustWithinTheIconsEdgeIsOne) {
 
 TEST_P(Touches, ATapAtAButtonPressesIt) {
   home.openMenu(notes);
+  home->advance(test::presentation);
   for (const auto& button : viewsOf(home.screen(), "_UIAlertControllerActionView"))
     if (test::caption(button) == "Copy BundleID") {
       test::touch(home, button.frame);
       break;
     }
+  home->advance(test::dismissal);
   EXPECT_FALSE(home.showsAlert());
   EXPECT_EQ(home->pasteboard().value().text, notes);
 }
 
 TEST_P(Touches, ATapBesideAnAlertDoesNothing) {
-  home->touch(notes).perform("setBadges");
+  home->touch(notes).perform("setBadges").advance(test::presentation);
   test::touchAt(home, 5, 100);
+  home->advance(test::dismissal);
   EXPECT_TRUE(home.showsAlert());
 }
 
 TEST_P(Touches, ATapBesideASheetCancelsIt) {
   home.openMenu(notes);
   test::touchAt(home, 2, 100);
+  home->advance(1);
+  EXPECT_TRUE(home.showsAlert()) << "it was still coming";
+  test::touchAt(home, 2, 100);
+  home->advance(test::dismissal);
   EXPECT_TRUE(home.screen().windows.empty());
 }
 

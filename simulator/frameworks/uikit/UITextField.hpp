@@ -22,6 +22,13 @@ struct UITextField : UIView {
   void setText(id text);
   void setPlaceholder(id placeholder);
 
+  ~UITextField();
+  /// What is typed goes into this field from now on, until another takes over, it resigns, or it goes. NO for a field
+  /// that is in no window.
+  BOOL becomeFirstResponder();
+  BOOL resignFirstResponder();
+  BOOL isFirstResponder() const;
+
   /// Whether the keyboard that comes up for the field has keys for the text.
   bool hasKeysFor(const std::string& typed);
   /// What a person does who edits the field: types over what is there, key by key; puts something else in its place at
@@ -31,13 +38,6 @@ struct UITextField : UIView {
   void tapClearButton();
   /// Whether the field has a clear button while it is edited.
   bool showsClearButton();
-
-  ~UITextField();
-  /// What is typed goes into this field from now on, until another takes over, it resigns, or it goes. NO for a field
-  /// that is in no window.
-  BOOL becomeFirstResponder();
-  BOOL resignFirstResponder();
-  BOOL isFirstResponder() const;
 
  private:
   struct Range {

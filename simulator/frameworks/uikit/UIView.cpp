@@ -1,6 +1,7 @@
 #include "simulator/frameworks/uikit/UIView.hpp"
 
 #include <algorithm>
+#include <ranges>
 #include <set>
 
 #include "platform/dispatch.hpp"
@@ -102,9 +103,8 @@ UIView* UIView::hitTest(CGPoint point, id event) {
   if (hidden || !userInteractionEnabled || alpha < asGoodAsClear) return nullptr;
   if (!send<BOOL>(this, "pointInside:withEvent:"_sel, point, event)) return nullptr;
   const auto candidates = subviews;
-  for (auto view = candidates.rbegin(); view != candidates.rend(); ++view)
-    if (auto* hit = send<UIView*>(view->get(), "hitTest:withEvent:"_sel,
-                                  point - (*view)->frame.origin + (*view)->scrolled, event))
+  for (UIView* view : std::ranges::reverse_view(candidates))
+    if (auto* hit = send<UIView*>(view, "hitTest:withEvent:"_sel, point - view->frame.origin + view->scrolled, event))
       return hit;
   return this;
 }

@@ -1,6 +1,7 @@
 #include "simulator/frameworks/uikit/UIWindow.hpp"
 
 #include <algorithm>
+#include <ranges>
 
 const double UIWindowLevelNormal = 0;
 const double UIWindowLevelAlert = 2000;
@@ -95,8 +96,8 @@ UIWindow* keyWindow() {
 
 UIView* viewAt(CGPoint onScreen) {
   const auto visible = visibleWindows();
-  for (auto window = visible.rbegin(); window != visible.rend(); ++window)
-    if (auto* hit = send<UIView*>(*window, "hitTest:withEvent:"_sel, onScreen - (*window)->frame.origin, id{nullptr}))
+  for (UIWindow* window : std::ranges::reverse_view(visible))
+    if (auto* hit = send<UIView*>(window, "hitTest:withEvent:"_sel, onScreen - window->frame.origin, id{nullptr}))
       return hit;
   return nullptr;
 }

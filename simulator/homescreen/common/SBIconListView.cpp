@@ -12,9 +12,10 @@ void SBIconListView::arrange(std::size_t columns, CGPoint first, CGSize pitch) {
   const auto arranged = iconViews;
   for (std::size_t i = 0; i < arranged.size(); ++i) {
     SBIconView* view = arranged[i];
-    const auto column = static_cast<CGFloat>(i % columns);
-    const auto row = static_cast<CGFloat>(i / columns);
-    const CGPoint origin{first.x + pitch.width * column, first.y + pitch.height * row};
+    const std::size_t column = i % columns;
+    const std::size_t row = i / columns;
+    const CGPoint origin{first.x + pitch.width * static_cast<CGFloat>(column),
+                         first.y + pitch.height * static_cast<CGFloat>(row)};
     send(view, "setFrame:"_sel, CGRect{origin, view->frame.size});
     send(view, "layoutSubviews"_sel);
   }

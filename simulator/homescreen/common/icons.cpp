@@ -26,18 +26,18 @@ SBIcon* iconOfBookmark(const std::string& title) {
 
 bool isDownloading(SBIcon* icon) { return isKind(icon, "SBDownloadingIcon"_cls); }
 
-// The name that the application brings along, as far as it is known.
-std::string ownName(const std::string& bundleIdentifier) {
-  id known = SBApplicationController::shared()->applicationWithBundleIdentifier(ns(bundleIdentifier));
-  return text(send<id>(send<id>(known, "info"_sel), "displayName"_sel));
-}
-
 // Whether the user has put the application in the dock. The dock takes no more than it has places.
 bool belongsInDock(SBIcon* icon) {
   auto docked = arrayIn(dictionaryAt("/var/mobile/Library/SpringBoard/IconState.plist"), "buttonBar", "NSString"_cls);
   docked.resize(std::min(docked.size(), measures().dockColumns));
   const std::string identifier = bundleIdentifierOf(icon);
   return std::any_of(docked.begin(), docked.end(), [&](id each) { return text(each) == identifier; });
+}
+
+// The name that the application brings along, as far as it is known.
+std::string ownName(const std::string& bundleIdentifier) {
+  id known = SBApplicationController::shared()->applicationWithBundleIdentifier(ns(bundleIdentifier));
+  return text(send<id>(send<id>(known, "info"_sel), "displayName"_sel));
 }
 
 // Adds a new icon of the class, initialised with one object.

@@ -1,6 +1,7 @@
 #include "simulator/homescreen/common/touches.hpp"
 
 #include <cmath>
+#include <ranges>
 
 #include "simulator/frameworks/uikit/UIAlertControllerView.hpp"
 #include "simulator/frameworks/uikit/UIScreen.hpp"
@@ -25,8 +26,8 @@ void requirePage(UIView* view, const std::string& name) {
 std::vector<UIAlertController*> alertsFromTheTop() {
   std::vector<UIAlertController*> alerts;
   const auto windows = visibleWindows();
-  for (auto window = windows.rbegin(); window != windows.rend(); ++window)
-    if (UIAlertController* alert = alertIn(*window)) alerts.push_back(alert);
+  for (const UIWindow* window : std::ranges::reverse_view(windows))
+    if (UIAlertController* alert = alertIn(window)) alerts.push_back(alert);
   return alerts;
 }
 
