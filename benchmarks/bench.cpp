@@ -11,7 +11,7 @@
 #include <random>
 #include <string>
 
-#include "simulator/control/home_screen.hpp"
+#include "simulator/control/phone.hpp"
 #include "simulator/device/files.hpp"
 
 namespace {
@@ -25,26 +25,28 @@ constexpr const char* muteList = "/var/mobile/Library/Preferences/com.morvanel.s
 /// Where writing a file takes no longer at one time than at another.
 const fs::path inMemory = "/dev/shm";
 
-/// A home screen on a device of its own.
-class Bench {
- public:
-  explicit Bench(sim::HomeScreen::Options options = {}) : home_(prepared(std::move(options), folder_.path())) {}
+/// A folder that lasts longer than the phone on it.
+struct OwnFolder {
+  sim::TemporaryFolder folder{inMemory};
+};
 
-  sim::HomeScreen* operator->() { return &home_; }
-  fs::path onThisPC(const fs::path& path) { return home_.device().resolve(path.string()); }
-  fs::path container() { return home_.device().application(app)->data; }
+/// A phone with a device of its own.
+class Bench : private OwnFolder, public sim::Phone {
+ public:
+  explicit Bench(sim::Phone::Options options = {}) : sim::Phone(prepared(std::move(options), folder.path())) {}
+
+  fs::path onThisPC(const fs::path& path) { return device().resolve(path.string()); }
+  fs::path container() { return device().application(app)->data; }
   void measure(const char* what, json members = json::object()) {
     members["what"] = what;
-    home_.ask("measure", members);
+    ask("measure", members);
   }
 
  private:
-  static sim::HomeScreen::Options prepared(sim::HomeScreen::Options options, const fs::path& folder) {
+  static sim::Phone::Options prepared(sim::Phone::Options options, const fs::path& folder) {
     options.device = folder / "device";
     return options;
   }
-  sim::TemporaryFolder folder_{inMemory};
-  sim::HomeScreen home_;
 };
 
 /// The least seconds of several runs of two things, taken in turns so that both meet the same machine.
@@ -95,15 +97,15 @@ void menuOfALargeCache(int count) {
   Bench bench;
   const fs::path caches = bench.container() / "Library/Caches";
   fill(bench.onThisPC(caches), count);
-  bench->touch(app);
+  bench.touch(app);
   const auto walk = [&] {
     bench.measure("walk", {{"path", caches}});
-    return bench->seconds();
+    return bench.seconds();
   };
   const auto menu = [&] {
-    bench->perform("showAlertView");
-    const double seconds = bench->seconds();
-    bench->tap("Cancel").advance(1);
+    bench.perform("showAlertView");
+    const double seconds = bench.seconds();
+    bench.tap("Cancel").advance(1);
     return seconds;
   };
   walk();  // the file system's own caches are warm for both
@@ -119,17 +121,17 @@ void clearingCaches(int count) {
     fs::create_directories(bench.onThisPC(caches));
     for (int i = 0; i < count; ++i) std::ofstream(bench.onThisPC(caches) / std::to_string(i)) << i;
   };
-  bench->touch(app);
+  bench.touch(app);
   const auto empty = [&] {
     fillAgain();
     bench.measure("empty", {{"path", caches}});
-    return bench->seconds();
+    return bench.seconds();
   };
   const auto clear = [&] {
     fillAgain();
-    bench->perform("clearCaches").tap("YES");
-    const double seconds = bench->seconds();
-    bench->tap("OK");
+    bench.perform("clearCaches").tap("YES");
+    const double seconds = bench.seconds();
+    bench.tap("OK");
     return seconds;
   };
   report("clearing " + std::to_string(count) + " cache files", least(3, clear, empty), "1.05");
@@ -156,31 +158,31 @@ void archiving(int megabytes) {
   const std::string archiver = "/usr/bin/tar";
   fillDocuments(bench.onThisPC(container / "Documents"), megabytes);
   fs::create_directories(bench.onThisPC(store));
-  bench->touch(app);
+  bench.touch(app);
   const auto backUp = [&] {
-    bench->perform("backUpData");
-    const double seconds = bench->seconds();
-    bench->tap("OK").advance(1);
+    bench.perform("backUpData");
+    const double seconds = bench.seconds();
+    bench.tap("OK").advance(1);
     return seconds;
   };
   const auto archive = [&] {
     bench.measure("run", {{"folder", store}, {"command", {archiver, "cfz", "0000-bare", container}}});
-    return bench->seconds();
+    return bench.seconds();
   };
   const std::string size = " of " + std::to_string(megabytes) + " MB";
   report("backup" + size, least(3, backUp, archive), "1.02");
 
   const auto restore = [&] {
-    bench->perform("restoreData").tap("0000-bare");
-    const double seconds = bench->seconds();
-    bench->tap("OK");
+    bench.perform("restoreData").tap("0000-bare");
+    const double seconds = bench.seconds();
+    bench.tap("OK");
     return seconds;
   };
   const auto unpack = [&] {
     bench.measure("remove", {{"path", container}});
-    const double removing = bench->seconds();
+    const double removing = bench.seconds();
     bench.measure("run", {{"folder", store}, {"command", {archiver, "xfz", "0000-bare", "-C", "/"}}});
-    return removing + bench->seconds();
+    return removing + bench.seconds();
   };
   report("restore" + size, least(9, restore, unpack), "1.02");
 }
@@ -195,16 +197,16 @@ void muted(int records) {
   Bench bare({.library = ""});
   for (Bench* bench : {&hooked, &bare}) {
     sim::PropertyList({{"entries", entries}}).write(bench->onThisPC(muteList));
-    (*bench)->respring();
+    bench->respring();
   }
   const int times = std::max(5, 3000 / records);
   const auto test = [&] {
     hooked.measure("sound", {{"id", app}, {"times", times}});
-    return hooked->seconds() / times;
+    return hooked.seconds() / times;
   };
   const auto rewrite = [&] {
     bare.measure("rewriteList", {{"id", app}, {"times", times}, {"path", muteList}});
-    return bare->seconds() / times;
+    return bare.seconds() / times;
   };
   report("is-muted test, " + std::to_string(records) + " records", least(15, test, rewrite), "1.05");
 }
@@ -219,11 +221,11 @@ void names(int stored) {
   const int times = std::max(20, 20000 / (stored + 10));
   const auto ask = [&] {
     bench.measure("iconName", {{"id", app}, {"times", times}});
-    return bench->seconds() / times;
+    return bench.seconds() / times;
   };
   const auto read = [&] {
     bench.measure("readValue", {{"path", settingsFile}, {"id", app}, {"times", times}});
-    return bench->seconds() / times;
+    return bench.seconds() / times;
   };
   report("displayName, " + std::to_string(stored) + " stored names", least(9, ask, read), "1.05");
 }
@@ -236,7 +238,7 @@ void layout() {
   const auto layOut = [&](Bench& bench) {
     return [&] {
       bench.measure("layOut", {{"id", app}, {"times", times}});
-      return bench->seconds() / times;
+      return bench.seconds() / times;
     };
   };
   const Least both = least(20, layOut(hooked), layOut(bare));
@@ -271,29 +273,29 @@ void startUp() {
   const auto library = sim::readFile(sim::programFolder() / "Sprigdial.so");
   const sim::TemporaryFolder folder(inMemory);
   const auto boot = [&](const std::string& path) {
-    sim::HomeScreen::Options options;
+    sim::Phone::Options options;
     options.device = folder.path() / "device";
     options.library = path;
-    return sim::HomeScreen(options);
+    return sim::Phone(options);
   };
   const auto mapping = [&](const std::string& path) {
     return boot(path).ask("measure", {{"what", "mapping"}}).get<double>();
   };
   json calls = json::array();
   {
-    auto home = boot("/run/simulator/Sprigdial.so");
-    for (const auto& call : home.calls())
+    auto phone = boot("/run/simulator/Sprigdial.so");
+    for (const auto& call : phone.calls())
       calls.push_back(
           {{"kind", call.kind}, {"class", call.className}, {"selector", call.selector}, {"encoding", call.encoding}});
-    sim::writeFile(home.device().resolve("/var/mobile/quiet.so"), withoutInitialiser(*library));
+    sim::writeFile(phone.device().resolve("/var/mobile/quiet.so"), withoutInitialiser(*library));
   }
   double bareMapping = std::numeric_limits<double>::infinity();
   for (int run = 0; run < runs; ++run) bareMapping = std::min(bareMapping, mapping("/var/mobile/quiet.so"));
   const auto start = [&] { return mapping("/run/simulator/Sprigdial.so") - bareMapping; };
   const auto runtime = [&] {
-    auto home = boot("");
-    home.ask("measure", {{"what", "start"}, {"calls", calls}});
-    return home.seconds();
+    auto phone = boot("");
+    phone.ask("measure", {{"what", "start"}, {"calls", calls}});
+    return phone.seconds();
   };
   report("start-up", least(runs, start, runtime), "");
 }

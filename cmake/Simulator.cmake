@@ -5,6 +5,9 @@ find_package(PkgConfig REQUIRED)
 find_package(nlohmann_json REQUIRED)
 pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0)
 pkg_check_modules(ARCHIVE REQUIRED IMPORTED_TARGET libarchive)
+pkg_check_modules(EDIT REQUIRED IMPORTED_TARGET libedit)
+pkg_check_modules(PNG REQUIRED IMPORTED_TARGET libpng)
+pkg_check_modules(UTF8PROC REQUIRED IMPORTED_TARGET libutf8proc)
 
 add_library(simulator_options INTERFACE)
 target_include_directories(simulator_options INTERFACE ${PROJECT_SOURCE_DIR})
@@ -51,8 +54,9 @@ link_home_screen_process(installd)
 file(GLOB control_sources CONFIGURE_DEPENDS simulator/control/*.cpp simulator/device/*.cpp
   simulator/preferences/*.cpp)
 add_library(simulator_control STATIC ${control_sources})
-target_link_libraries(simulator_control PUBLIC simulator_options PRIVATE PkgConfig::PLIST PkgConfig::ARCHIVE)
-target_precompile_headers(simulator_control PRIVATE simulator/control/home_screen.hpp)
+target_link_libraries(simulator_control PUBLIC simulator_options PRIVATE PkgConfig::PLIST PkgConfig::ARCHIVE
+  PkgConfig::EDIT PkgConfig::PNG PkgConfig::UTF8PROC)
+target_precompile_headers(simulator_control PRIVATE simulator/control/phone.hpp)
 
 add_executable(home-screen simulator/home_screen.cpp)
 target_link_libraries(home-screen PRIVATE simulator_control)

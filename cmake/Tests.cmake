@@ -29,10 +29,10 @@ if(SANITIZE)
   list(REMOVE_ITEM test_sources ${PROJECT_SOURCE_DIR}/tests/loader/library_file_test.cpp)
 endif()
 add_executable(sprigdial-tests ${test_sources})
-target_link_libraries(sprigdial-tests PRIVATE simulator_control PkgConfig::ARCHIVE GTest::gtest_main)
+target_link_libraries(sprigdial-tests PRIVATE simulator_control GTest::gtest_main PkgConfig::PNG PkgConfig::ARCHIVE)
 # The tests' own code is run once: the time goes into compiling it.
 target_compile_options(sprigdial-tests PRIVATE -O0 -g1)
-target_precompile_headers(sprigdial-tests PRIVATE tests/support/home.hpp)
+target_precompile_headers(sprigdial-tests PRIVATE tests/support/phone.hpp)
 set_source_files_properties(tests/support/places.cpp PROPERTIES SKIP_PRECOMPILE_HEADERS ON COMPILE_DEFINITIONS
   "SOURCE_DIR=\"${PROJECT_SOURCE_DIR}\";BUILD_DIR=\"${CMAKE_BINARY_DIR}\";DRIVER=\"$<TARGET_FILE:home-screen>\";\
 MINIMAL_HOST=\"$<TARGET_FILE:minimal-host>\";PC_LIBRARY=\"$<TARGET_FILE:Sprigdial>\";\
@@ -42,12 +42,14 @@ add_dependencies(sprigdial-tests SpringBoard cfprefsd installd home-screen minim
 
 include(GoogleTest)
 # What the runtime and Foundation keep for the life of a process is no leak.
+set(sanitizer_environment "ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1")
 gtest_discover_tests(sprigdial-tests DISCOVERY_TIMEOUT 60
-  PROPERTIES TIMEOUT 300 ENVIRONMENT "ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1")
+  PROPERTIES TIMEOUT 300 ENVIRONMENT "${sanitizer_environment}")
 
 # The example scripts are played as they stand.
 file(GLOB scripts CONFIGURE_DEPENDS scripts/*.txt)
 foreach(script ${scripts})
   get_filename_component(name ${script} NAME_WE)
   add_test(NAME Scripts.${name} COMMAND home-screen ${script})
+  set_tests_properties(Scripts.${name} PROPERTIES ENVIRONMENT "${sanitizer_environment}")
 endforeach()

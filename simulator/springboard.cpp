@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "simulator/control/agent/agent.hpp"
+#include "simulator/control/agent/verbs.hpp"
 #include "simulator/frameworks/core_foundation/preferences.hpp"
 #include "simulator/frameworks/core_foundation/version.hpp"
 #include "simulator/frameworks/foundation/foundation.hpp"
@@ -31,6 +32,7 @@
 #include "simulator/runtime/interposition.hpp"
 #include "simulator/runtime/library.hpp"
 #include "simulator/runtime/main_queue.hpp"
+#include "simulator/runtime/waiting.hpp"
 
 extern "C" void NSSetUncaughtExceptionHandler(void (*handler)(id exception));
 
@@ -48,6 +50,7 @@ struct Options {
   std::vector<std::string> interposed;  // methods
   std::string library;
   bool resumePreferences = false;
+  bool verbs = false;  // it says what it can be asked for, and ends
 };
 
 double number(const char* text) {
@@ -96,6 +99,7 @@ constexpr OptionRow optionRows[] = {
     {"interpose", required_argument, [](Options& o, const char* value) { o.interposed.emplace_back(value); }},
     {"library", required_argument, [](Options& o, const char* value) { o.library = value; }},
     {"resume-preferences", no_argument, [](Options& o, const char*) { o.resumePreferences = true; }},
+    {"verbs", no_argument, [](Options& o, const char*) { o.verbs = true; }},
 };
 
 Options parse(int count, char** arguments) {
@@ -116,6 +120,7 @@ Options parse(int count, char** arguments) {
 void reportException(id exception) {
   std::fprintf(stderr, "SpringBoard: %s: %s\n", sim::text(sim::send<id>(exception, "name"_sel)).c_str(),
                sim::text(sim::send<id>(exception, "reason"_sel)).c_str());
+  sim::endProgramsWaitedFor();
   std::abort();
 }
 
@@ -132,7 +137,7 @@ void limitFileDescriptors() {
 void startUp(const Options& options) {
   const AutoreleasePool pool;
   NSSetUncaughtExceptionHandler(reportException);
-  sim::home().generation = options.generation;
+  sim::homeState().generation = options.generation;
   sim::clock::passUntil(options.uptime);
   sim::clock::set(options.clock ? sim::clock::time(*options.clock) : sim::clock::realTime());
   sim::setCoreFoundationVersion(
@@ -159,6 +164,10 @@ int main(int count, char** arguments) {
   } catch (const std::invalid_argument& error) {
     std::fprintf(stderr, "SpringBoard: %s\n", error.what());
     return 2;
+  }
+  if (options.verbs) {
+    std::puts(sim::describeVerbs().dump(1).c_str());
+    return 0;
   }
   try {
     limitFileDescriptors();

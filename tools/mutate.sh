@@ -1,15 +1,15 @@
 #!/bin/bash
-# Changes the library on purpose, one small defect at a time, and tells whether the tests find each.
+# Changes the library or the simulator on purpose, one small defect at a time, and tells whether the tests find each.
 set -euo pipefail
 
 usage() {
   cat <<'END'
 usage: tools/mutate.sh [--check] [TEXT]
 
-Applies each defect listed in tools/mutations/ to a copy of the sources under build/mutants, builds the library, runs
-the tests that ought to find the defect until one does, and undoes it. Only the defects whose first line holds TEXT,
-when one is given. Ends with a tally and status 1 when a defect was not found. --check only looks whether every defect
-can be applied. It takes a second or two a defect.
+Applies each defect listed in tools/mutations/ to a copy of the sources under build/mutants, builds that, runs the
+tests that ought to find the defect until one does, and undoes it. Only the defects whose first line holds TEXT, when
+one is given. Ends with a tally and status 1 when a defect was not found. --check only looks whether every defect can
+be applied. It takes a second or two a defect of the library, up to half a minute one of the simulator.
 
 A defect is written as
 
@@ -53,6 +53,8 @@ found=0 missed=() broken=()
 
 try() {
   local title=$1 file=$2 tests=$3 from=$4 to=$5 log targets=(Sprigdial)
+  # What the library's defects do not reach is built once; the simulator's reach every program of it.
+  [[ $file != simulator/* ]] || targets=(sprigdial-tests)
   [[ $tests != *HandingOn* ]] || targets+=(Sprigdial-unoptimised)
   [[ $tests != *Settings* ]] || targets+=(settings-probe)
   [[ $title == *"$wanted"* ]] || return 0

@@ -1,41 +1,16 @@
 #include "simulator/control/print.hpp"
 
 #include <algorithm>
-#include <iterator>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "simulator/control/width.hpp"
 
 namespace sim {
 namespace {
 
 using Lines = std::vector<std::string>;
-
-struct Range {
-  char32_t first, last;
-};
-constexpr Range narrow[] = {{0x300, 0x36F}, {0x200B, 0x200F}, {0x20D0, 0x20FF}, {0xFE00, 0xFE0F}, {0x1F3FB, 0x1F3FF}};
-constexpr Range wide[] = {{0x1100, 0x115F}, {0x2614, 0x2615}, {0x2E80, 0xA4CF}, {0xAC00, 0xD7A3},
-                          {0xF900, 0xFAFF}, {0xFE30, 0xFE6F}, {0xFF00, 0xFF60}, {0x1F300, 0x1FAFF}};
-
-/// The columns that a text takes in a terminal.
-std::size_t columns(std::string_view text) {
-  std::size_t count = 0;
-  for (std::size_t index = 0; index < text.size();) {
-    const auto lead = static_cast<unsigned char>(text[index]);
-    const int length = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    char32_t point = length == 1 ? lead : lead & (0x7FU >> static_cast<unsigned>(length));
-    for (int next = 1; next < length && index + next < text.size(); ++next) {
-      point = point << 6U | (static_cast<unsigned char>(text[index + next]) & 0x3FU);
-    }
-    const auto within = [point](const Range& range) { return point >= range.first && point <= range.last; };
-    if (std::none_of(std::begin(narrow), std::end(narrow), within)) {
-      count += std::any_of(std::begin(wide), std::end(wide), within) ? 2 : 1;
-    }
-    index += static_cast<std::size_t>(length);
-  }
-  return count;
-}
 
 std::string repeated(std::string_view piece, std::size_t count) {
   std::string text;
@@ -234,7 +209,6 @@ std::string printed(const Screen& screen) {
     for (const std::string& title : screen.switcher) text += " [" + title + "]";
     text += "\n";
   }
-  for (const std::string& event : screen.events) text += "Event: " + event + "\n";
   return text;
 }
 

@@ -178,7 +178,6 @@ struct Screen {
   std::vector<NotificationOnScreen> banners;
   std::vector<NotificationOnScreen> lockScreen;
   std::vector<std::string> switcher;  ///< the application switcher's titles, latest first
-  std::vector<std::string> events;    ///< since last asked: "screen woken by ID", "sound for ID", "launched ID …"
   double passed = 0;                  ///< the time that has passed, in seconds; a clock that nobody sets
   std::string orientation;            ///< "portrait" or "landscape"
   Frame bounds;                       ///< the screen, as the device is held
@@ -200,7 +199,7 @@ struct Screen {
   }
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Screen, generation, on, locked, poweringDown, editing, frontmost, icons,
-                                   quickActions, windows, banners, lockScreen, switcher, events, passed, orientation,
-                                   bounds, page, pages, tree)
+                                   quickActions, windows, banners, lockScreen, switcher, passed, orientation, bounds,
+                                   page, pages, tree)
 
 }  // namespace sim

@@ -12,7 +12,7 @@
 #include <memory>
 #include <string>
 
-#include "simulator/control/error.hpp"
+#include "simulator/device/error.hpp"
 
 namespace fs = std::filesystem;
 

@@ -12,8 +12,8 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "simulator/control/error.hpp"
 #include "simulator/device/archive.hpp"
+#include "simulator/device/error.hpp"
 #include "simulator/device/files.hpp"
 #include "simulator/device/messages.hpp"
 #include "simulator/device/samples.hpp"
@@ -43,7 +43,7 @@ fs::path findBundle(const fs::path& unpacked, const fs::path& archive) {
 std::vector<Device::Application> readByHomeScreen(const fs::path& device, const std::vector<std::string>& bundle) {
   std::vector<std::string> command{"/run/simulator/installd"};
   command.insert(command.end(), bundle.begin(), bundle.end());
-  SandboxedProcess reader(device, programFolder(), command, {});
+  SandboxedProcess reader(device, {{programFolder().string(), "/run/simulator"}}, command, {});
   const auto answer = Messages(reader.socket()).receive();
   if (!answer) {
     reader.end(std::chrono::seconds(20));

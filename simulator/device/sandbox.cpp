@@ -12,8 +12,13 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
+#include <deque>
+#include <functional>
+#include <future>
+#include <mutex>
 #include <string_view>
 #include <system_error>
 #include <thread>
@@ -29,45 +34,38 @@ using Environment = std::map<std::string, std::string>;
 
 enum class Kind { namespaces, tracing };
 
-/// A folder of the machine and where it is in the device.
-struct Mount {
-  std::string from, to;
-};
-
-std::vector<Mount> mounts(const fs::path& buildFolder) {
+/// The machine's own folders, as far as it has them, and the others.
+std::vector<Mount> mounts(const std::vector<Mount>& others) {
   const std::vector<Mount> all = {
-      {"/usr/bin", "/bin"},
-      {"/usr/lib", "/lib"},
-      {"/usr/lib64", "/lib64"},
-      {"/usr/lib/GNUstep", "/usr/lib/GNUstep"},
-      {"/usr/share", "/usr/share"},
-      {"/etc", "/etc"},
-      {buildFolder.string(), "/run/simulator"},
+      {"/usr/bin", "/bin"},         {"/usr/lib", "/lib"},
+      {"/usr/lib64", "/lib64"},     {"/usr/lib/GNUstep", "/usr/lib/GNUstep"},
+      {"/usr/share", "/usr/share"}, {"/etc", "/etc"},
   };
   std::vector<Mount> present;
   for (const Mount& mount : all) {
     if (fs::exists(mount.from)) present.push_back(mount);
   }
+  present.insert(present.end(), others.begin(), others.end());
   return present;
 }
 
-Words namespaceCommand(const fs::path& device, const fs::path& buildFolder) {
+Words namespaceCommand(const fs::path& device, const std::vector<Mount>& folders) {
   // A user of its own without capabilities: files without permission cannot be read, whoever starts the simulator.
   // Processes of its own: what the home screen has started ends with it.
   Words words = {
       "bwrap",  "--unshare-user", "--uid", "501",     "--gid", "501",    "--unshare-pid", "--die-with-parent",
       "--bind", device.string(),  "/",     "--dev",   "/dev",  "--proc", "/proc",         "--tmpfs",
       "/tmp",   "--tmpfs",        "/run",  "--chdir", "/"};
-  for (const Mount& mount : mounts(buildFolder)) words.insert(words.end(), {"--ro-bind", mount.from, mount.to});
+  for (const Mount& mount : mounts(folders)) words.insert(words.end(), {"--ro-bind", mount.from, mount.to});
   return words;
 }
 
-Words tracingCommand(const fs::path& device, const fs::path& buildFolder) {
+Words tracingCommand(const fs::path& device, const std::vector<Mount>& folders) {
   Words words;
   // Root without capabilities is bound by permissions, too.
   if (geteuid() == 0) words = {"setpriv", "--bounding-set=-all", "--inh-caps=-all"};
   words.insert(words.end(), {"proot", "-r", device.string(), "-w", "/", "-b", "/dev", "-b", "/proc"});
-  for (const Mount& mount : mounts(buildFolder))
+  for (const Mount& mount : mounts(folders))
     words.insert(words.end(), {"-b", std::string(mount.from).append(":").append(mount.to)});
   return words;
 }
@@ -93,11 +91,15 @@ pid_t spawn(const Words& words, const Environment& environment, int output, int 
   const int kept = preferences >= 0 ? fcntl(preferences, F_DUPFD_CLOEXEC, 5) : -1;
   if (socket >= 0) posix_spawn_file_actions_adddup2(&actions, socket, 3);
   if (kept >= 0) posix_spawn_file_actions_adddup2(&actions, kept, 4);
-  // A group of its own: the terminal's interrupt goes to the driver alone, and one signal ends the whole group.
+  // A group of its own: the terminal's interrupt goes to the driver alone, and one signal ends the whole group. What
+  // the driver keeps from itself, its programs may get.
   posix_spawnattr_t attributes;
   posix_spawnattr_init(&attributes);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK);
   posix_spawnattr_setpgroup(&attributes, 0);
+  sigset_t none;
+  sigemptyset(&none);
+  posix_spawnattr_setsigmask(&attributes, &none);
   pid_t pid = -1;
   const int failed = posix_spawnp(&pid, arguments.front(), &actions, &attributes, arguments.data(), variables.data());
   posix_spawnattr_destroy(&attributes);
@@ -107,12 +109,49 @@ pid_t spawn(const Words& words, const Environment& environment, int output, int 
   return pid;
 }
 
-/// Reads until the other end is closed, for so long.
-void drain(int socket, std::chrono::milliseconds patience) {
-  std::array<char, 4096> block;
-  pollfd waiting{socket, POLLIN, 0};
-  while (poll(&waiting, 1, static_cast<int>(patience.count())) > 0 && recv(socket, block.data(), block.size(), 0) > 0) {
+/// A thread that lasts as long as this program: a sandbox ends with the thread that has started it.
+class Starter {
+ public:
+  Starter() {
+    std::thread([this] { work(); }).detach();
   }
+  pid_t start(const std::function<pid_t()>& action) {
+    std::packaged_task<pid_t()> task(action);
+    std::future<pid_t> pid = task.get_future();
+    {
+      const std::scoped_lock lock(mutex_);
+      tasks_.push_back(std::move(task));
+    }
+    wake_.notify_one();
+    return pid.get();
+  }
+
+ private:
+  [[noreturn]] void work() {
+    while (true) {
+      std::unique_lock lock(mutex_);
+      wake_.wait(lock, [this] { return !tasks_.empty(); });
+      std::packaged_task<pid_t()> task = std::move(tasks_.front());
+      tasks_.pop_front();
+      lock.unlock();
+      task();
+    }
+  }
+
+  std::mutex mutex_;
+  std::condition_variable wake_;
+  std::deque<std::packaged_task<pid_t()>> tasks_;
+};
+
+Starter& starter() {
+  static auto* const thread = new Starter;  // it is never gone
+  return *thread;
+}
+
+/// Waits until the other end is closed, for so long.
+void awaitEnd(int socket, std::chrono::milliseconds patience) {
+  pollfd waiting{socket, POLLRDHUP, 0};
+  while (poll(&waiting, 1, static_cast<int>(patience.count())) < 0 && errno == EINTR) continue;
 }
 
 /// Whether this machine lets a program have a namespace of its own.
@@ -163,10 +202,10 @@ Environment fullEnvironment(const Environment& extra) {
 
 }  // namespace
 
-SandboxedProcess::SandboxedProcess(const fs::path& device, const fs::path& buildFolder, const Words& command,
+SandboxedProcess::SandboxedProcess(const fs::path& device, const std::vector<Mount>& folders, const Words& command,
                                    const Environment& environment, int preferences) {
   static const Kind kind = chooseKind();
-  Words words = kind == Kind::namespaces ? namespaceCommand(device, buildFolder) : tracingCommand(device, buildFolder);
+  Words words = kind == Kind::namespaces ? namespaceCommand(device, folders) : tracingCommand(device, folders);
   words.insert(words.end(), command.begin(), command.end());
 
   std::array<int, 2> sockets{};
@@ -176,7 +215,8 @@ SandboxedProcess::SandboxedProcess(const fs::path& device, const fs::path& build
   socket_ = sockets[0];
   output_ = memfd_create("output", MFD_CLOEXEC);
   try {
-    pid_ = spawn(words, fullEnvironment(environment), output_, sockets[1], preferences);
+    pid_ =
+        starter().start([&] { return spawn(words, fullEnvironment(environment), output_, sockets[1], preferences); });
   } catch (...) {
     for (const int descriptor : {sockets[0], sockets[1], output_}) close(descriptor);
     throw;
@@ -186,11 +226,11 @@ SandboxedProcess::SandboxedProcess(const fs::path& device, const fs::path& build
 
 SandboxedProcess::~SandboxedProcess() {
   if (!end(std::chrono::seconds(20))) kill();
-  close(output_);
+  for (const int descriptor : {socket_, output_}) close(descriptor);
 }
 
 std::optional<int> SandboxedProcess::end(std::chrono::milliseconds patience) {
-  if (socket_ >= 0) close(std::exchange(socket_, -1));
+  shutdown(socket_, SHUT_WR);
   const auto deadline = std::chrono::steady_clock::now() + patience;
   while (!status_) {
     int status = 0;
@@ -209,7 +249,7 @@ void SandboxedProcess::kill() {
   if (status_) return;
   ::kill(-pid_, SIGKILL);
   // The process that is waited for is the sandbox's; the program's own end shows when its socket closes.
-  if (socket_ >= 0) drain(socket_, std::chrono::seconds(20));
+  awaitEnd(socket_, std::chrono::seconds(20));
   end(std::chrono::seconds(20));
 }
 

@@ -6,6 +6,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -61,7 +62,7 @@ PreferencesDaemon::~PreferencesDaemon() {
   }
   wake();
   attendant_.join();
-  for (const int connection : silent_) close(connection);
+  for (const Silent& connection : silent_) close(connection.socket);
   close(woken_);
 }
 
@@ -72,7 +73,7 @@ int PreferencesDaemon::connect() {
   }
   {
     const std::lock_guard lock(mutex_);
-    silent_.push_back(ends[0]);
+    silent_.push_back({ends[0]});
   }
   wake();
   return ends[1];
@@ -87,6 +88,8 @@ void PreferencesDaemon::kill() {
   const std::lock_guard lock(mutex_);
   if (process_) process_->kill();
   process_.reset();
+  // What was said just before does not bring another daemon up.
+  for (Silent& connection : silent_) connection.cut = true;
 }
 
 void PreferencesDaemon::attend() {
@@ -95,7 +98,7 @@ void PreferencesDaemon::attend() {
     {
       const std::lock_guard lock(mutex_);
       if (ends_) return;
-      for (const int connection : silent_) waiting.push_back({connection, POLLIN, 0});
+      for (const Silent& connection : silent_) waiting.push_back({connection.socket, POLLIN, 0});
     }
     if (poll(waiting.data(), waiting.size(), -1) <= 0) continue;
     eventfd_t ignored = 0;
@@ -103,8 +106,10 @@ void PreferencesDaemon::attend() {
     for (const pollfd& each : waiting) {
       if (each.fd == woken_ || each.revents == 0) continue;
       const std::lock_guard lock(mutex_);
-      if (hasWords(each.fd) && !ends_) handOver(each.fd);
-      std::erase(silent_, each.fd);
+      const auto connection =
+          std::find_if(silent_.begin(), silent_.end(), [&](const Silent& other) { return other.socket == each.fd; });
+      if (hasWords(each.fd) && !ends_ && !connection->cut) handOver(each.fd);
+      silent_.erase(connection);
       close(each.fd);
     }
   }
@@ -113,7 +118,8 @@ void PreferencesDaemon::attend() {
 void PreferencesDaemon::handOver(int connection) {
   if (!process_) {
     try {
-      process_.emplace(device_, buildFolder_, std::vector<std::string>{"/run/simulator/cfprefsd"}, environment_);
+      process_.emplace(device_, std::vector<Mount>{{buildFolder_.string(), "/run/simulator"}},
+                       std::vector<std::string>{"/run/simulator/cfprefsd"}, environment_);
     } catch (const std::exception&) {
       return;  // the program sees its connection closed
     }

@@ -38,7 +38,12 @@ class PreferencesDaemon {
   std::filesystem::path device_, buildFolder_;
   std::map<std::string, std::string> environment_;
   std::mutex mutex_;
-  std::vector<int> silent_;  ///< our ends of the connections on which nobody has spoken yet
+  /// Our end of a connection on which nobody has spoken yet.
+  struct Silent {
+    int socket;
+    bool cut = false;  ///< whatever is said comes too late
+  };
+  std::vector<Silent> silent_;
   std::optional<SandboxedProcess> process_;
   bool ends_ = false;
   int woken_;

@@ -20,8 +20,11 @@ std::multimap<std::int64_t, BlockRef>& waiting() {
 }
 
 void (*endOfTurn)() = [] {};
+unsigned long done = 0;
 
 }  // namespace
+
+unsigned long dueWorkDone() { return done; }
 
 std::optional<std::int64_t> nextDueTime() {
   return waiting().empty() ? std::nullopt : std::optional(waiting().begin()->first);
@@ -34,6 +37,7 @@ void runDueWork() {
     const AutoreleasePool pool;
     const BlockRef block = waiting().begin()->second;
     waiting().erase(waiting().begin());
+    ++done;
     block();
   }
   endOfTurn();

@@ -3,7 +3,7 @@
 #include <thread>
 
 #include "tests/support/command.hpp"
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -14,49 +14,49 @@ const std::string store = "/var/mobile/Documents/Sprigdial/" + app;
 class Backup : public test::Generations {
  protected:
   void SetUp() override {
-    home.options().timeZone = "UTC";
-    home.options().clock = 1709820309;  // 2024-03-07 14:05:09
-    home.install({});
-    data = home.container(app);
+    phone.options().timeZone = "UTC";
+    phone.options().clock = 1709820309;  // 2024-03-07 14:05:09
+    phone.install({});
+    data = phone.container(app);
     sim::writeFile(data / "Documents/letter", "first");
-    home.swipeUp(app, 0, -0.5);
+    phone.touch(app);
   }
   std::vector<std::string> archives() {
     std::vector<std::string> names;
-    if (fs::exists(home.path(store)))
-      for (const auto& entry : fs::directory_iterator(home.path(store))) names.push_back(entry.path().filename());
+    if (fs::exists(phone.path(store)))
+      for (const auto& entry : fs::directory_iterator(phone.path(store))) names.push_back(entry.path().filename());
     std::sort(names.begin(), names.end());
     return names;
   }
   void makeArchives(const std::vector<std::string>& names) {
-    for (const auto& name : names) sim::writeFile(home.path(store) / name, "");
+    for (const auto& name : names) sim::writeFile(phone.path(store) / name, "");
   }
   void backUp() {
-    home->perform("backUpData");
-    EXPECT_EQ(home.alert().message, "BackUp data successfully");
-    home->tap("OK");
+    phone.perform("backUpData");
+    EXPECT_EQ(phone.alert().message, "BackUp data successfully");
+    phone.tap("OK");
   }
   // "" for none.
   void replaceArchiver(const std::string& script) {
-    fs::remove_all(home.path("/usr/bin/tar"));
+    fs::remove_all(phone.path("/usr/bin/tar"));
     if (script.empty()) return;
-    sim::writeFile(home.path("/usr/bin/tar"), "#!/bin/sh\n" + script);
-    fs::permissions(home.path("/usr/bin/tar"), fs::perms::all);
+    sim::writeFile(phone.path("/usr/bin/tar"), "#!/bin/sh\n" + script);
+    fs::permissions(phone.path("/usr/bin/tar"), fs::perms::all);
   }
   // The archiver begins when `finishArchiver` is called.
   void holdArchiver() { replaceArchiver("while [ ! -e /var/mobile/go ]; do sleep 0.01; done\nexec /bin/tar \"$@\"\n"); }
-  void finishArchiver() { sim::writeFile(home.path("/var/mobile/go"), ""); }
+  void finishArchiver() { sim::writeFile(phone.path("/var/mobile/go"), ""); }
   // The folder of the device without the application's own container and backups.
   std::map<std::string, std::string> otherFiles() {
-    auto files = test::filesBelow(home.device().root() / "var");
-    const std::string backups = home.path("/var/mobile/Documents/Sprigdial").string();
+    auto files = test::filesBelow(phone.device().root() / "var");
+    const std::string backups = phone.path("/var/mobile/Documents/Sprigdial").string();
     std::erase_if(files, [&](const auto& file) {
       return file.first.starts_with(data.string()) || file.first.starts_with(backups);
     });
     return files;
   }
   void expectOverlay() {
-    const auto windows = home.screen().windows;
+    const auto windows = phone.screen().windows;
     ASSERT_EQ(windows.size(), 1U);
     EXPECT_FALSE(windows[0].alert);
     EXPECT_EQ(windows[0].views.at(0).subviews.at(0).text, "Please wait...");
@@ -68,25 +68,25 @@ class Backup : public test::Generations {
 INSTANTIATE_TEST_SUITE_P(, Backup, test::bothGenerations, test::generationName);
 
 TEST_P(Backup, MakesTheFolderAndOneArchive) {
-  home.openMenu();
-  home->tap("Backup Data");
-  EXPECT_EQ(home.alert().style, "alert");
-  EXPECT_EQ(home.alert().title, "Test App");
-  EXPECT_EQ(home.alert().message, "BackUp data successfully");
-  EXPECT_EQ(home.buttons(), std::vector<std::string>{"OK"});
+  phone.openMenu();
+  phone.tap("Backup Data");
+  EXPECT_EQ(phone.alert().style, "alert");
+  EXPECT_EQ(phone.alert().title, "Test App");
+  EXPECT_EQ(phone.alert().message, "BackUp data successfully");
+  EXPECT_EQ(phone.buttons(), std::vector<std::string>{"OK"});
   EXPECT_EQ(archives(), std::vector<std::string>{"2024-03-07.14_05_09"});
-  EXPECT_EQ(home.screen().windows.size(), 1U);
-  home->tap("OK");
-  home->advance(1);
-  home.openMenu();
-  EXPECT_TRUE(home.hasButton("Restore Data"));
-  EXPECT_TRUE(home.hasButton("Delete Backup Data"));
+  EXPECT_EQ(phone.screen().windows.size(), 1U);
+  phone.tap("OK");
+  phone.advance(1);
+  phone.openMenu();
+  EXPECT_TRUE(phone.hasButton("Restore Data"));
+  EXPECT_TRUE(phone.hasButton("Delete Backup Data"));
 }
 
 TEST_P(Backup, ArchivesTheContainerUnderItsAbsolutePath) {
   backUp();
-  const auto names = linesOf("tar tzf " + (home.path(store) / archives()[0]).string());
-  const auto onPhone = home.device().application(app)->data.string().substr(1);
+  const auto names = linesOf("tar tzf " + (phone.path(store) / archives()[0]).string());
+  const auto onPhone = phone.device().application(app)->data.string().substr(1);
   EXPECT_EQ(names[0], onPhone + "/");
   EXPECT_NE(std::find(names.begin(), names.end(), onPhone + "/Documents/letter"), names.end());
 }
@@ -96,7 +96,7 @@ TEST_P(Backup, TwoInOneSecondLeaveTheSecond) {
   sim::writeFile(data / "Documents/letter", "second");
   backUp();
   ASSERT_EQ(archives().size(), 1U);
-  const auto lines = linesOf("tar xzOf " + (home.path(store) / archives()[0]).string() + " --wildcards '*letter'");
+  const auto lines = linesOf("tar xzOf " + (phone.path(store) / archives()[0]).string() + " --wildcards '*letter'");
   EXPECT_EQ(lines, std::vector<std::string>{"second"});
 }
 
@@ -110,30 +110,30 @@ TEST_P(Backup, IsNamedByLocalTimeAndTheWeeksYear) {
        {Moment{1735560000, "UTC", "2025-12-30.12_00_00"}, Moment{1735560000, "Asia/Tokyo", "2025-12-30.21_00_00"},
         Moment{1704067199, "UTC", "2024-12-31.23_59_59"},
         Moment{1672531200, "America/New_York", "2022-12-31.19_00_00"}}) {
-    test::Home other(GetParam());
+    test::Phone other(GetParam());
     other.options().timeZone = zone;
     other.options().clock = clock;
     other.install({});
-    other.swipeUp(app, 0, -0.5);
-    other->perform("backUpData");
+    other.touch(app);
+    other.perform("backUpData");
     EXPECT_TRUE(fs::exists(other.path(store) / name)) << name;
   }
 }
 
 TEST_P(Backup, WithoutContainerTellsThatThereIsNothing) {
   fs::remove_all(data);
-  home->perform("backUpData");
-  EXPECT_EQ(home.alert().title, "Test App");
-  EXPECT_EQ(home.alert().message, "User data not found");
-  EXPECT_EQ(home.buttons(), std::vector<std::string>{"OK"});
-  EXPECT_TRUE(fs::is_directory(home.path(store)));
+  phone.perform("backUpData");
+  EXPECT_EQ(phone.alert().title, "Test App");
+  EXPECT_EQ(phone.alert().message, "User data not found");
+  EXPECT_EQ(phone.buttons(), std::vector<std::string>{"OK"});
+  EXPECT_TRUE(fs::is_directory(phone.path(store)));
   EXPECT_TRUE(archives().empty());
 }
 
 TEST_P(Backup, WithoutAFolderToWriteToTellsTheSame) {
-  sim::writeFile(home.path("/var/mobile/Documents/Sprigdial"), "in the way");
-  home->perform("backUpData");
-  EXPECT_EQ(home.alert().message, "User data not found");
+  sim::writeFile(phone.path("/var/mobile/Documents/Sprigdial"), "in the way");
+  phone.perform("backUpData");
+  EXPECT_EQ(phone.alert().message, "User data not found");
 }
 
 TEST_P(Backup, AFailingArchiverIsNotNoticed) {
@@ -146,63 +146,63 @@ TEST_P(Backup, AnArchiverThatCannotBeLaunchedLeavesTheOverlayUp) {
   makeArchives({"2020-01-01.00_00_00"});
   const std::vector<std::function<void()>> obstacles = {
       [&] { replaceArchiver(""); },
-      [&] { fs::create_directories(home.path("/usr/bin/tar")); },
+      [&] { fs::create_directories(phone.path("/usr/bin/tar")); },
       [&] {
         replaceArchiver("exit 0\n");
-        fs::permissions(home.path("/usr/bin/tar"), fs::perms::owner_read);
+        fs::permissions(phone.path("/usr/bin/tar"), fs::perms::owner_read);
       },
   };
   for (const auto& obstruct : obstacles) {
     obstruct();
     sim::writeFile(data / "Documents/letter", "first");
-    home->perform("backUpData");
+    phone.perform("backUpData");
     expectOverlay();
-    home->lock();
-    EXPECT_TRUE(home.screen().windows.empty());
-    home->unlock();
+    phone.lock();
+    EXPECT_TRUE(phone.screen().windows.empty());
+    phone.unlock();
     EXPECT_EQ(archives().size(), 1U);
 
-    home->perform("restoreData");
-    home->tap("2020-01-01 00:00:00");
+    phone.perform("restoreData");
+    phone.tap("2020-01-01 00:00:00");
     expectOverlay();
-    home->lock();
-    home->unlock();
+    phone.lock();
+    phone.unlock();
   }
 }
 
 TEST_P(Backup, ASlowArchiverIsWaitedForUnderTheOverlay) {
   holdArchiver();
-  home.openMenu();
-  home->tapAndGoOn("Backup Data");
+  phone.openMenu();
+  phone.tapAndGoOn("Backup Data");
   expectOverlay();
   expectOverlay();
   EXPECT_TRUE(archives().empty());
   finishArchiver();
-  home->advance(0);  // whatever is done now waits for the archiver
-  EXPECT_EQ(home.alert().message, "BackUp data successfully");
+  phone.finishWaiting();
+  EXPECT_EQ(phone.alert().message, "BackUp data successfully");
   EXPECT_EQ(archives().size(), 1U);
 }
 
 TEST_P(Backup, ASlowRestoreIsWaitedForUnderTheOverlay) {
   backUp();
   holdArchiver();
-  home->perform("restoreData");
-  home->tapAndGoOn("2024-03-07 14:05:09");
+  phone.perform("restoreData");
+  phone.tapAndGoOn("2024-03-07 14:05:09");
   expectOverlay();
   EXPECT_FALSE(fs::exists(data));
   finishArchiver();
-  home->advance(0);
-  EXPECT_EQ(home.alert().message, "Restore data successfully");
+  phone.finishWaiting();
+  EXPECT_EQ(phone.alert().message, "Restore data successfully");
   EXPECT_EQ(sim::readFile(data / "Documents/letter"), "first");
 }
 
 TEST_P(Backup, AHomeScreenThatEndsTakesItsArchiverWithIt) {
   replaceArchiver("while sleep 0.01; do echo >> /var/mobile/beats; done\n");
-  const auto beats = [&] { return fs::file_size(home.path("/var/mobile/beats")); };
+  const auto beats = [&] { return fs::file_size(phone.path("/var/mobile/beats")); };
   {
-    sim::HomeScreen other(home->options());
+    sim::Phone other(phone.options());
     other.swipe(app, {{0, -20}}).tapAndGoOn("Backup Data");
-    while (!fs::exists(home.path("/var/mobile/beats"))) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    while (!fs::exists(phone.path("/var/mobile/beats"))) std::this_thread::sleep_for(std::chrono::milliseconds(5));
   }
   const auto atTheEnd = beats();
   std::this_thread::sleep_for(std::chrono::milliseconds(200));
@@ -211,22 +211,22 @@ TEST_P(Backup, AHomeScreenThatEndsTakesItsArchiverWithIt) {
 
 TEST_P(Backup, AnArchiverThatFailsToRestoreIsNotNoticed) {
   makeArchives({"2024-01-02.08_00_00"});
-  home->perform("restoreData");
-  home->tap("2024-01-02 08:00:00");
-  EXPECT_EQ(home.alert().title, "Test App");
-  EXPECT_EQ(home.alert().message, "Restore data successfully");
-  EXPECT_EQ(home.buttons(), std::vector<std::string>{"OK"});
+  phone.perform("restoreData");
+  phone.tap("2024-01-02 08:00:00");
+  EXPECT_EQ(phone.alert().title, "Test App");
+  EXPECT_EQ(phone.alert().message, "Restore data successfully");
+  EXPECT_EQ(phone.buttons(), std::vector<std::string>{"OK"});
   EXPECT_FALSE(fs::exists(data));
 }
 
 TEST_P(Backup, TheArchiverGetsExactlyTheseArguments) {
-  const std::string container = home.device().application(app)->data.string();
+  const std::string container = phone.device().application(app)->data.string();
   replaceArchiver("printf '%s\\n' \"$PWD\" \"$@\" >> /var/mobile/arguments\n");
   backUp();
   makeArchives({"2020-01-01.00_00_00"});
-  home->perform("restoreData");
-  home->tap("2020-01-01 00:00:00");
-  EXPECT_EQ(sim::readFile(home.path("/var/mobile/arguments")),
+  phone.perform("restoreData");
+  phone.tap("2020-01-01 00:00:00");
+  EXPECT_EQ(sim::readFile(phone.path("/var/mobile/arguments")),
             store + "\ncfz\n2024-03-07.14_05_09\n" + container + "\n" + store + "\nxfz\n2020-01-01.00_00_00\n-C\n/\n");
 }
 
@@ -236,8 +236,8 @@ TEST_P(Backup, TouchesNothingElse) {
   backUp();
   EXPECT_EQ(test::filesBelow(data), container);
   makeArchives({"2020-01-01.00_00_00"});
-  home->perform("deleteBackUp");
-  home->tap("2020-01-01 00:00:00");
+  phone.perform("deleteBackUp");
+  phone.tap("2020-01-01 00:00:00");
   EXPECT_EQ(test::filesBelow(data), container);
   EXPECT_EQ(otherFiles(), others);
   EXPECT_EQ(archives(), std::vector<std::string>{"2024-03-07.14_05_09"});
@@ -245,54 +245,54 @@ TEST_P(Backup, TouchesNothingElse) {
 
 TEST_P(Backup, ArchivesAreOfferedLatestFirst) {
   makeArchives({"2024-01-02.08_00_00", "2024-03-07.14_05_09", "2025-12-30.12_00_00"});
-  home->perform("restoreData");
-  EXPECT_EQ(home.alert().style, "action sheet");
-  EXPECT_EQ(home.alert().title, "Test App");
-  EXPECT_EQ(home.alert().message, app);
-  EXPECT_EQ(home.buttons(),
+  phone.perform("restoreData");
+  EXPECT_EQ(phone.alert().style, "action sheet");
+  EXPECT_EQ(phone.alert().title, "Test App");
+  EXPECT_EQ(phone.alert().message, app);
+  EXPECT_EQ(phone.buttons(),
             (std::vector<std::string>{"2025-12-30 12:00:00", "2024-03-07 14:05:09", "2024-01-02 08:00:00", "Cancel"}));
-  home->tap("Cancel");
-  home->perform("deleteBackUp");
-  EXPECT_EQ(home.buttons().size(), 4U);
+  phone.tap("Cancel");
+  phone.perform("deleteBackUp");
+  EXPECT_EQ(phone.buttons().size(), 4U);
 }
 
 TEST_P(Backup, WithoutABackupBothSaySo) {
   for (const auto* operation : {"restoreData", "deleteBackUp"}) {
-    home->perform(operation);
-    EXPECT_EQ(home.alert().title, "Test App");
-    EXPECT_EQ(home.alert().message, "Please Use BackUp first!");
-    EXPECT_EQ(home.buttons(), std::vector<std::string>{"OK"});
-    home->tap("OK");
+    phone.perform(operation);
+    EXPECT_EQ(phone.alert().title, "Test App");
+    EXPECT_EQ(phone.alert().message, "Please Use BackUp first!");
+    EXPECT_EQ(phone.buttons(), std::vector<std::string>{"OK"});
+    phone.tap("OK");
   }
 }
 
 TEST_P(Backup, AnEmptyFolderIsAnEmptySheetForRestoreOnly) {
-  fs::create_directories(home.path(store));
-  home->perform("deleteBackUp");
-  EXPECT_EQ(home.alert().message, "Please Use BackUp first!");
-  home->tap("OK");
-  home->perform("restoreData");
-  EXPECT_EQ(home.buttons(), std::vector<std::string>{"Cancel"});
+  fs::create_directories(phone.path(store));
+  phone.perform("deleteBackUp");
+  EXPECT_EQ(phone.alert().message, "Please Use BackUp first!");
+  phone.tap("OK");
+  phone.perform("restoreData");
+  EXPECT_EQ(phone.buttons(), std::vector<std::string>{"Cancel"});
 }
 
 TEST_P(Backup, DeletingRemovesOneArchive) {
   makeArchives({"2024-01-02.08_00_00", "2024-03-07.14_05_09"});
-  home->perform("deleteBackUp");
-  home->tap("2024-01-02 08:00:00");
+  phone.perform("deleteBackUp");
+  phone.tap("2024-01-02 08:00:00");
   EXPECT_EQ(archives(), std::vector<std::string>{"2024-03-07.14_05_09"});
-  EXPECT_EQ(home.alert().message, "Delete data successfully");
-  EXPECT_EQ(home.alert().title, "Test App");
-  home->tap("OK");
-  EXPECT_TRUE(home.screen().windows.empty());
+  EXPECT_EQ(phone.alert().message, "Delete data successfully");
+  EXPECT_EQ(phone.alert().title, "Test App");
+  phone.tap("OK");
+  EXPECT_TRUE(phone.screen().windows.empty());
 }
 
 TEST_P(Backup, AFailedDeletionIsSilent) {
   makeArchives({"stray file", "with:colon", "2024-01-02.08_00_00"});
   for (const auto* title : {"stray file", "with:colon"}) {
-    home->perform("deleteBackUp");
-    home->tap(title);
-    EXPECT_FALSE(home.showsAlert());
-    EXPECT_EQ(home.screen().windows.size(), 1U) << "the sheet's own window, empty";
+    phone.perform("deleteBackUp");
+    phone.tap(title);
+    EXPECT_FALSE(phone.showsAlert());
+    EXPECT_EQ(phone.screen().windows.size(), 1U) << "the sheet's own window, empty";
     EXPECT_EQ(archives().size(), 3U);
   }
 }
@@ -301,30 +301,30 @@ TEST_P(Backup, AFailedDeletionIsSilent) {
 TEST_P(Backup, DeletingANameOfBlanksTakesNoFolderAway) {
   const std::vector<std::string> blanks = {" ", "  ", ". ", " ."};
   makeArchives(blanks);
-  sim::writeFile(home.path("/var/mobile/Documents/Sprigdial/com.example.notes/2020-01-01.00_00_00"), "another's");
-  const auto before = test::filesBelow(home.device().root() / "var");
+  sim::writeFile(phone.path("/var/mobile/Documents/Sprigdial/com.example.notes/2020-01-01.00_00_00"), "another's");
+  const auto before = test::filesBelow(phone.device().root() / "var");
   for (const auto& name : blanks) {
-    home->perform("deleteBackUp");
+    phone.perform("deleteBackUp");
     std::string title = name;
     std::replace(title.begin(), title.end(), '.', ' ');
-    home->tap(title);
-    EXPECT_FALSE(home.showsAlert()) << "\"" << name << "\"";
+    phone.tap(title);
+    EXPECT_FALSE(phone.showsAlert()) << "\"" << name << "\"";
   }
-  EXPECT_EQ(test::filesBelow(home.device().root() / "var"), before);
+  EXPECT_EQ(test::filesBelow(phone.device().root() / "var"), before);
 }
 
 TEST_P(Backup, NamesThatBeginLikeOptionsAreOnlyNames) {
   makeArchives({"-rf", "--help", "--to-command=touch", "-C"});
   const auto others = otherFiles();
   for (const auto* name : {"-rf", "--help", "--to-command=touch", "-C"}) {
-    home->perform("restoreData");
-    home->tap(name);
-    EXPECT_EQ(home.alert().message, "Restore data successfully");
-    home->tap("OK");
-    home->perform("deleteBackUp");
-    home->tap(name);
-    EXPECT_EQ(home.alert().message, "Delete data successfully") << name;
-    home->tap("OK");
+    phone.perform("restoreData");
+    phone.tap(name);
+    EXPECT_EQ(phone.alert().message, "Restore data successfully");
+    phone.tap("OK");
+    phone.perform("deleteBackUp");
+    phone.tap(name);
+    EXPECT_EQ(phone.alert().message, "Delete data successfully") << name;
+    phone.tap("OK");
   }
   EXPECT_TRUE(archives().empty());
   EXPECT_EQ(otherFiles(), others);
@@ -332,15 +332,15 @@ TEST_P(Backup, NamesThatBeginLikeOptionsAreOnlyNames) {
 
 TEST_P(Backup, OddBundleIdentifiersStayWithinTheirFolders) {
   for (const std::string odd : {"-rf", "com.example/inner", "..com.example", "com example"}) {
-    test::Home other(GetParam());
+    test::Phone other(GetParam());
     other.install({.id = odd, .name = "Odd"});
     sim::writeFile(other.path("/var/mobile/Documents/mine"), "mine");
-    other.swipeUp(odd, 0, -0.5);
-    other->perform("backUpData");
+    other.touch(odd);
+    other.perform("backUpData");
     EXPECT_EQ(other.alert().message, "BackUp data successfully") << odd;
-    other->perform("deleteBackUp");
+    other.perform("deleteBackUp");
     EXPECT_EQ(other.alert().message, odd);
-    other->tap(other.buttons().at(0));
+    other.tap(other.buttons().at(0));
     EXPECT_EQ(other.alert().message, "Delete data successfully") << odd;
     EXPECT_TRUE(fs::is_empty(other.path("/var/mobile/Documents/Sprigdial/" + odd)));
     EXPECT_EQ(sim::readFile(other.path("/var/mobile/Documents/mine")), "mine");
@@ -348,39 +348,39 @@ TEST_P(Backup, OddBundleIdentifiersStayWithinTheirFolders) {
 }
 
 TEST_P(Backup, AStrayFolderIsAnArchiveLikeAnyOther) {
-  sim::writeFile(home.path(store) / "folder/inside", "x");
-  home->perform("deleteBackUp");
-  home->tap("folder");
-  EXPECT_EQ(home.alert().message, "Delete data successfully");
+  sim::writeFile(phone.path(store) / "folder/inside", "x");
+  phone.perform("deleteBackUp");
+  phone.tap("folder");
+  EXPECT_EQ(phone.alert().message, "Delete data successfully");
   EXPECT_TRUE(archives().empty());
 }
 
 TEST_P(Backup, AnArchiveThatCannotGoIsSilent) {
   makeArchives({"2024-01-02.08_00_00"});
-  home->perform("deleteBackUp");
-  fs::permissions(home.path(store), fs::perms::owner_read | fs::perms::owner_exec);
-  home->tap("2024-01-02 08:00:00");
-  fs::permissions(home.path(store), fs::perms::owner_all);
-  EXPECT_FALSE(home.showsAlert());
+  phone.perform("deleteBackUp");
+  fs::permissions(phone.path(store), fs::perms::owner_read | fs::perms::owner_exec);
+  phone.tap("2024-01-02 08:00:00");
+  fs::permissions(phone.path(store), fs::perms::owner_all);
+  EXPECT_FALSE(phone.showsAlert());
   EXPECT_EQ(archives().size(), 1U);
 }
 
 TEST_P(Backup, AFileInTheBackupFoldersPlaceIsNoFolder) {
-  sim::writeFile(home.path(store), "in the way");
+  sim::writeFile(phone.path(store), "in the way");
   for (const auto* operation : {"restoreData", "deleteBackUp"}) {
-    home->perform(operation);
-    EXPECT_EQ(home.alert().message, "Please Use BackUp first!");
+    phone.perform(operation);
+    EXPECT_EQ(phone.alert().message, "Please Use BackUp first!");
   }
-  EXPECT_EQ(sim::readFile(home.path(store)), "in the way");
+  EXPECT_EQ(sim::readFile(phone.path(store)), "in the way");
 }
 
 TEST_P(Backup, OneTapIsEnough) {
   backUp();
-  home->perform("restoreData");
-  EXPECT_EQ(home.alert().buttons[0].style, "default");
-  EXPECT_EQ(home.alert().buttons[1].style, "cancel");
-  home->tap("Cancel");
-  EXPECT_TRUE(home.screen().windows.empty());
+  phone.perform("restoreData");
+  EXPECT_EQ(phone.alert().buttons[0].style, "default");
+  EXPECT_EQ(phone.alert().buttons[1].style, "cancel");
+  phone.tap("Cancel");
+  EXPECT_TRUE(phone.screen().windows.empty());
   EXPECT_EQ(sim::readFile(data / "Documents/letter"), "first");
 }
 
@@ -388,48 +388,48 @@ TEST_P(Backup, ARestoreUnpacksWhereTheDataWas) {
   backUp();
   const auto moved = data.parent_path() / "B0B0B0B0-0000-4000-8000-000000000001";
   fs::rename(data, moved);
-  home->rescan();
-  home->perform("restoreData");
-  home->tap("2024-03-07 14:05:09");
+  phone.rescan();
+  phone.perform("restoreData");
+  phone.tap("2024-03-07 14:05:09");
   EXPECT_FALSE(fs::exists(moved));
   EXPECT_EQ(sim::readFile(data / "Documents/letter"), "first");
 }
 
 TEST_P(Backup, WorksOnWhatWasCurrentWhenTheSheetWasMade) {
   backUp();
-  home->perform("restoreData");
+  phone.perform("restoreData");
   sim::writeFile(data / "Documents/letter", "changed");
-  const auto notes = test::filesBelow(home.container("com.example.notes"));
-  home.touchInSpite("com.example.notes");
-  home->tap("2024-03-07 14:05:09");
-  EXPECT_EQ(home.alert().title, "Notes");  // the result tells of what is current now
+  const auto notes = test::filesBelow(phone.container("com.example.notes"));
+  phone.touchInSpite("com.example.notes");
+  phone.tap("2024-03-07 14:05:09");
+  EXPECT_EQ(phone.alert().title, "Notes");  // the result tells of what is current now
   EXPECT_EQ(sim::readFile(data / "Documents/letter"), "first");
-  EXPECT_EQ(test::filesBelow(home.container("com.example.notes")), notes);
+  EXPECT_EQ(test::filesBelow(phone.container("com.example.notes")), notes);
 }
 
 TEST_P(Backup, ResultsHaveNoTitleWithoutACurrentApplication) {
-  test::Home fresh(GetParam());
+  test::Phone fresh(GetParam());
   for (const auto* done : {"backUpDataSucces", "restoreDataSucces", "deleteBackUpSucces"}) {
-    fresh->perform(done);
+    fresh.perform(done);
     EXPECT_EQ(fresh.alert().title, std::nullopt);
     EXPECT_FALSE(fresh.alert().message->empty());
   }
 }
 
 TEST_P(Backup, AnUnknownApplicationsResultIsCalledNull) {
-  fs::remove_all(home.bundle(app).parent_path());
-  home->rescan();
-  home->perform("backUpDataSucces");
-  EXPECT_EQ(home.alert().title, "(null)");
-  home->perform("backUpData");
-  EXPECT_EQ(home.alert().title, "(null)");
-  EXPECT_EQ(home.alert().message, "User data not found");
+  fs::remove_all(phone.bundle(app).parent_path());
+  phone.rescan();
+  phone.perform("backUpDataSucces");
+  EXPECT_EQ(phone.alert().title, "(null)");
+  phone.perform("backUpData");
+  EXPECT_EQ(phone.alert().title, "(null)");
+  EXPECT_EQ(phone.alert().message, "User data not found");
 }
 
 TEST_P(Backup, NamesAreComparedAsText) {
   makeArchives({"2025-12-30.12_00_00", "2025-01-04.09_00_00", "notes", "Notes", "9"});
-  home->perform("restoreData");
-  EXPECT_EQ(home.buttons(),
+  phone.perform("restoreData");
+  EXPECT_EQ(phone.buttons(),
             (std::vector<std::string>{"notes", "Notes", "9", "2025-12-30 12:00:00", "2025-01-04 09:00:00", "Cancel"}));
 }
 
@@ -443,21 +443,21 @@ TEST_P(Backup, ItsNameHasNoBlankNoColonAndNoExtension) {
 
 TEST_P(Backup, AStrayFileIsRestoredQuietlyAsNothing) {
   makeArchives({"-rf stray"});
-  home->perform("restoreData");
-  home->tap("-rf stray");
-  EXPECT_EQ(home.alert().message, "Restore data successfully");
+  phone.perform("restoreData");
+  phone.tap("-rf stray");
+  EXPECT_EQ(phone.alert().message, "Restore data successfully");
   EXPECT_FALSE(fs::exists(data));
 }
 
 // Whatever the system's version: the other sheets ask for it.
 TEST_P(Backup, ATabletShowsTheArchivesInAPopover) {
-  test::Home tablet(GetParam());
+  test::Phone tablet(GetParam());
   tablet.options().tablet = true;
   if (isOld()) tablet.options().coreVersion = 1240;
   tablet.install({});
   fs::create_directories(tablet.path(store));
-  tablet.swipeUp(app, 0, -0.5);
-  tablet->perform("restoreData");
+  tablet.touch(app);
+  tablet.perform("restoreData");
   ASSERT_TRUE(tablet.alert().popover);
   EXPECT_TRUE(tablet.alert().popover->sourceIsRootView);
   EXPECT_EQ(tablet.alert().popover->sourceRect, (sim::Frame{0, 0, 768, 1024}));
@@ -466,8 +466,8 @@ TEST_P(Backup, ATabletShowsTheArchivesInAPopover) {
 
 TEST_P(Backup, APhoneShowsNoPopover) {
   backUp();
-  home->perform("restoreData");
-  EXPECT_FALSE(home.alert().popover);
+  phone.perform("restoreData");
+  EXPECT_FALSE(phone.alert().popover);
 }
 
 TEST_P(Backup, ARoundTripBringsEveryByteBack) {
@@ -488,44 +488,44 @@ TEST_P(Backup, ARoundTripBringsEveryByteBack) {
   sim::writeFile(data / "Documents/letter", "changed");
   sim::writeFile(data / "Documents/later", "not in the archive");
   fs::remove_all(data / "Library/many");
-  home->perform("restoreData");
-  home->tap("2024-03-07 14:05:09");
-  EXPECT_EQ(home.alert().message, "Restore data successfully");
+  phone.perform("restoreData");
+  phone.tap("2024-03-07 14:05:09");
+  EXPECT_EQ(phone.alert().message, "Restore data successfully");
   EXPECT_EQ(test::filesBelow(data), before);
 }
 
 TEST_P(Backup, IntoAFolderThatMayNotBeEnteredIsNotMade) {
-  fs::create_directories(home.path(store));
-  fs::permissions(home.path(store), fs::perms::owner_read | fs::perms::owner_write);
-  home->perform("backUpData");
+  fs::create_directories(phone.path(store));
+  fs::permissions(phone.path(store), fs::perms::owner_read | fs::perms::owner_write);
+  phone.perform("backUpData");
   expectOverlay();
-  EXPECT_FALSE(home.showsAlert());
-  fs::permissions(home.path(store), fs::perms::owner_all);
+  EXPECT_FALSE(phone.showsAlert());
+  fs::permissions(phone.path(store), fs::perms::owner_all);
 }
 
 TEST_P(Backup, OfAFolderThatHasGoneIsNotRestoredFrom) {
   makeArchives({"2020-01-01.00_00_00"});
-  home->perform("restoreData");
-  fs::remove_all(home.path(store));
-  home->tap("2020-01-01 00:00:00");
+  phone.perform("restoreData");
+  fs::remove_all(phone.path(store));
+  phone.tap("2020-01-01 00:00:00");
   expectOverlay();
-  EXPECT_FALSE(home.showsAlert());
+  EXPECT_FALSE(phone.showsAlert());
 }
 
 TEST_P(Backup, WithoutAnApplicationThereIsNone) {
   makeArchives({"2020-01-01.00_00_00"});
-  home->touch("Garden Diary");
+  phone.touch("Garden Diary");
   for (const auto* operation : {"restoreData", "deleteBackUp"}) {
-    home->perform(operation);
-    EXPECT_EQ(home.alert().message, "Please Use BackUp first!") << operation;
-    home->tap("OK");
+    phone.perform(operation);
+    EXPECT_EQ(phone.alert().message, "Please Use BackUp first!") << operation;
+    phone.tap("OK");
   }
 }
 
 TEST_P(Backup, RestoringChangesNothingElse) {
   backUp();
-  auto expected = test::filesBelow(home.device().root() / "var");
-  home->perform("restoreData");
-  home->tap("2024-03-07 14:05:09");
-  EXPECT_EQ(test::filesBelow(home.device().root() / "var"), expected);
+  auto expected = test::filesBelow(phone.device().root() / "var");
+  phone.perform("restoreData");
+  phone.tap("2024-03-07 14:05:09");
+  EXPECT_EQ(test::filesBelow(phone.device().root() / "var"), expected);
 }

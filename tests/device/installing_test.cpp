@@ -1,6 +1,6 @@
 // Installing application archives.
 #include "tests/support/archive.hpp"
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -32,21 +32,21 @@ class Installing : public test::Generations {
     test::writeArchive(archives.path() / "new.ipa", files, marksNames);
     return archives.path() / "new.ipa";
   }
-  fs::path applications() const { return home.path("/var/containers/Bundle"); }
-  std::string label() { return home.icon(id).label; }
+  fs::path applications() const { return phone.path("/var/containers/Bundle"); }
+  std::string label() { return phone.icon(id).label; }
   void expectRefusal(const fs::path& file, const std::string& reason) {
-    home.screen();
-    const auto before = test::filesBelow(home.path("/var"));
+    phone.screen();
+    const auto before = test::filesBelow(phone.path("/var"));
     try {
-      home->install(file);
+      phone.sim::Phone::install(file);
       FAIL() << "installed " << file;
     } catch (const sim::BadInput& error) {
       const std::string said = error.what();
       EXPECT_NE(said.find(reason), std::string::npos) << said;
       EXPECT_EQ(said.find('\n'), std::string::npos) << said;
     }
-    EXPECT_EQ(test::filesBelow(home.path("/var")), before);
-    EXPECT_EQ(home.screen().icon(id), nullptr);
+    EXPECT_EQ(test::filesBelow(phone.path("/var")), before);
+    EXPECT_EQ(phone.screen().icon(id), nullptr);
   }
 };
 
@@ -54,14 +54,15 @@ class Installing : public test::Generations {
 INSTANTIATE_TEST_SUITE_P(, Installing, test::bothGenerations, test::generationName);
 
 TEST_P(Installing, TellsWhatItInstalled) {
-  const auto installed = home->install(archive({{"Payload/New.app/Info.plist", named("Brand New", "2.0.1")}}));
+  const auto installed =
+      phone.sim::Phone::install(archive({{"Payload/New.app/Info.plist", named("Brand New", "2.0.1")}}));
   EXPECT_EQ(installed.id, id);
   EXPECT_EQ(installed.name, "Brand New");
   EXPECT_EQ(installed.version, "2.0.1");
-  EXPECT_TRUE(fs::is_regular_file(home.path(installed.bundle.string()) / "Info.plist"));
-  EXPECT_TRUE(fs::is_directory(home.path(installed.data.string()) / "Library/Caches"));
+  EXPECT_TRUE(fs::is_regular_file(phone.path(installed.bundle.string()) / "Info.plist"));
+  EXPECT_TRUE(fs::is_directory(phone.path(installed.data.string()) / "Library/Caches"));
   EXPECT_EQ(label(), "Brand New");
-  const auto found = home.device().application(id);
+  const auto found = phone.device().application(id);
   ASSERT_TRUE(found.has_value());
   EXPECT_EQ(found->bundle, installed.bundle);
   EXPECT_EQ(found->data, installed.data);
@@ -69,12 +70,13 @@ TEST_P(Installing, TellsWhatItInstalled) {
 
 TEST_P(Installing, TakesNamesInAnyScript) {
   for (const bool marksNames : {true, false}) {
-    const auto installed = home->install(archive({{"Payload/Café 日本.app/Info.plist", named("Café 日本 ☕️", "1")},
-                                                  {"Payload/Café 日本.app/Résumé 📄/ð.txt", "content"}},
-                                                 marksNames));
+    const auto installed =
+        phone.sim::Phone::install(archive({{"Payload/Café 日本.app/Info.plist", named("Café 日本 ☕️", "1")},
+                                           {"Payload/Café 日本.app/Résumé 📄/ð.txt", "content"}},
+                                          marksNames));
     EXPECT_EQ(installed.name, "Café 日本 ☕️");
     EXPECT_EQ(installed.bundle.filename(), "Café 日本.app");
-    EXPECT_EQ(sim::readFile(home.path(installed.bundle.string()) / "Résumé 📄/ð.txt"), "content");
+    EXPECT_EQ(sim::readFile(phone.path(installed.bundle.string()) / "Résumé 📄/ð.txt"), "content");
     EXPECT_EQ(label(), "Café 日本 ☕️");
   }
 }
@@ -91,7 +93,7 @@ TEST_P(Installing, ReadsTheDescriptionAsTheHomeScreenDoes) {
                  "<key>CFBundleExecutable</key><string>runner</string>"),
             "runner", ""},
            {info(""), "Folder", ""}}) {
-    const auto installed = home->install(archive({{"Payload/Folder.app/Info.plist", content}}));
+    const auto installed = phone.sim::Phone::install(archive({{"Payload/Folder.app/Info.plist", content}}));
     EXPECT_EQ(installed.name, name);
     EXPECT_EQ(installed.version, version);
     EXPECT_EQ(label(), name);
@@ -99,15 +101,15 @@ TEST_P(Installing, ReadsTheDescriptionAsTheHomeScreenDoes) {
 }
 
 TEST_P(Installing, ReplacesAnApplicationAndKeepsItsData) {
-  const auto first = home->install(
+  const auto first = phone.sim::Phone::install(
       archive({{"Payload/New.app/Info.plist", named("One", "1")}, {"Payload/New.app/only the first", ""}}));
-  sim::writeFile(home.path(first.data.string()) / "Documents/mine", "kept");
-  const auto second = home->install(archive({{"Payload/Newer.app/Info.plist", named("Two", "2")}}));
+  sim::writeFile(phone.path(first.data.string()) / "Documents/mine", "kept");
+  const auto second = phone.sim::Phone::install(archive({{"Payload/Newer.app/Info.plist", named("Two", "2")}}));
   EXPECT_EQ(second.data, first.data);
-  EXPECT_EQ(sim::readFile(home.path(second.data.string()) / "Documents/mine"), "kept");
-  EXPECT_FALSE(fs::exists(home.path(first.bundle.string())));
+  EXPECT_EQ(sim::readFile(phone.path(second.data.string()) / "Documents/mine"), "kept");
+  EXPECT_FALSE(fs::exists(phone.path(first.bundle.string())));
   EXPECT_EQ(label(), "Two");
-  const auto all = home.device().applications();
+  const auto all = phone.device().applications();
   EXPECT_EQ(std::count_if(all.begin(), all.end(), [](const auto& each) { return each.id == id; }), 1);
   EXPECT_EQ(std::distance(fs::directory_iterator(applications()), {}), 1) << "nothing that was only on the way";
 }

@@ -24,18 +24,18 @@ class Measures : public test::Generations {
 INSTANTIATE_TEST_SUITE_P(, Measures, test::bothGenerations, test::generationName);
 
 TEST_P(Measures, ThePhoneOfEachGeneration) {
-  EXPECT_EQ(home.screen().bounds, bounds());
-  EXPECT_EQ(windowNamed(home.screen(), "the home screen")->frame, bounds());
+  EXPECT_EQ(phone.screen().bounds, bounds());
+  EXPECT_EQ(windowNamed(phone.screen(), "the home screen")->frame, bounds());
 }
 
 TEST_P(Measures, ATabletIsLarger) {
-  home.options().tablet = true;
-  EXPECT_EQ(home.screen().bounds, (Frame{0, 0, 768, 1024}));
-  EXPECT_EQ(home.icon(notes).frame.width, 76);
+  phone.options().tablet = true;
+  EXPECT_EQ(phone.screen().bounds, (Frame{0, 0, 768, 1024}));
+  EXPECT_EQ(phone.icon(notes).frame.width, 76);
 }
 
 TEST_P(Measures, IconsStandInFourColumns) {
-  const auto icons = home.screen().icons;
+  const auto icons = phone.screen().icons;
   ASSERT_GT(icons.size(), 8U);
   const double first = isOld() ? 28 : 72;
   const double row = isOld() ? 88 : 102;
@@ -48,7 +48,7 @@ TEST_P(Measures, IconsStandInFourColumns) {
 }
 
 TEST_P(Measures, AnIconIsAPictureWithALabelBelowAndABadgeAtItsCorner) {
-  for (const auto& [icon, frame] : viewsOf(home.screen(), "SBIconView")) {
+  for (const auto& [icon, frame] : viewsOf(phone.screen(), "SBIconView")) {
     const auto& picture = icon.subviews.at(0);
     EXPECT_EQ(picture.frame, (Frame{0, 0, 60, 60}));
     const auto& label = icon.subviews.at(1);
@@ -66,27 +66,27 @@ TEST_P(Measures, AnIconIsAPictureWithALabelBelowAndABadgeAtItsCorner) {
 }
 
 TEST_P(Measures, TheBadgeFollowsTheIcon) {
-  home.install({});
-  home.setBadge(app, 4);
-  EXPECT_EQ(home.icon(app).badge, "4");
-  home.openMenu();
-  home->tap("Clear Badges").advance(1);
-  EXPECT_EQ(home.icon(app).badge, "");
-  home.openMenu();
-  home->tap("Set Badges").type("12").tap("Apply");
-  EXPECT_EQ(home.icon(app).badge, "12");
+  phone.install({});
+  phone.setBadge(app, 4);
+  EXPECT_EQ(phone.icon(app).badge, "4");
+  phone.openMenu();
+  phone.tap("Clear Badges").advance(1);
+  EXPECT_EQ(phone.icon(app).badge, "");
+  phone.openMenu();
+  phone.tap("Set Badges").type("12").tap("Apply");
+  EXPECT_EQ(phone.icon(app).badge, "12");
 }
 
 TEST_P(Measures, TheStatusBarTellsTheTime) {
-  home.options().clock = 1709820309;  // 2024-03-07 14:05:09
-  home.options().timeZone = "UTC";
-  const auto seen = home.screen();
+  phone.options().clock = 1709820309;  // 2024-03-07 14:05:09
+  phone.options().timeZone = "UTC";
+  const auto seen = phone.screen();
   const auto* bar = windowNamed(seen, "the status bar");
   ASSERT_NE(bar, nullptr);
   EXPECT_EQ(bar->frame, (Frame{0, 0, 375, statusBar()}));
   EXPECT_EQ(bar->views.at(0).text, "14:05");
-  home->advance(60);
-  EXPECT_EQ(windowNamed(home.screen(), "the status bar")->views.at(0).text, "14:06");
+  phone.advance(60);
+  EXPECT_EQ(windowNamed(phone.screen(), "the status bar")->views.at(0).text, "14:06");
 }
 
 // Pages and dock
@@ -94,9 +94,9 @@ TEST_P(Measures, TheStatusBarTellsTheTime) {
 TEST_P(Measures, WhatDoesNotFitGoesOnTheNextPage) {
   for (int i = 0; i < 20; ++i) {
     const std::string number = std::to_string(10 + i);
-    home.install({.id = "com.example.z" + number, .name = "Z" + number, .folder = "Z" + number + ".app"});
+    phone.install({.id = "com.example.z" + number, .name = "Z" + number, .folder = "Z" + number + ".app"});
   }
-  const auto seen = home.screen();
+  const auto seen = phone.screen();
   EXPECT_EQ(seen.pages, 2);
   EXPECT_EQ(seen.page, 1);
   ASSERT_GT(seen.icons.size(), 24U);
@@ -109,28 +109,28 @@ TEST_P(Measures, WhatDoesNotFitGoesOnTheNextPage) {
 TEST_P(Measures, ThePageIsTurnedByADrag) {
   for (int i = 0; i < 20; ++i) {
     const std::string number = std::to_string(10 + i);
-    home.install({.id = "com.example.z" + number, .name = "Z" + number, .folder = "Z" + number + ".app"});
+    phone.install({.id = "com.example.z" + number, .name = "Z" + number, .folder = "Z" + number + ".app"});
   }
   const std::string last = "com.example.z29";
-  EXPECT_EQ(test::refusal([&] { home->touch(last); }), "\"com.example.z29\" is on page 2, and page 1 is shown");
-  test::drag(home, 200, 500, -40, 0);
-  EXPECT_EQ(home.screen().page, 1) << "not far enough";
-  test::drag(home, 200, 500, -100, 0);
-  EXPECT_EQ(home.screen().page, 2);
-  EXPECT_EQ(home.icon(last).frame.x, 27 + 87 * ((home.screen().icons.size() - 26) % 4));
-  home.openMenu(last);
-  EXPECT_EQ(home.alert().title, "Z29");
-  home->tap("Cancel");
-  test::drag(home, 200, 500, -100, 0);
-  EXPECT_EQ(home.screen().page, 2) << "it is the last";
-  test::drag(home, 200, 500, 100, 0);
-  EXPECT_EQ(home.screen().page, 1);
+  EXPECT_EQ(test::refusal([&] { phone.touch(last); }), "\"com.example.z29\" is on page 2, and page 1 is shown");
+  test::drag(phone, 200, 500, -40, 0);
+  EXPECT_EQ(phone.screen().page, 1) << "not far enough";
+  test::drag(phone, 200, 500, -100, 0);
+  EXPECT_EQ(phone.screen().page, 2);
+  EXPECT_EQ(phone.icon(last).frame.x, 27 + 87 * ((phone.screen().icons.size() - 26) % 4));
+  phone.openMenu(last);
+  EXPECT_EQ(phone.alert().title, "Z29");
+  phone.tap("Cancel");
+  test::drag(phone, 200, 500, -100, 0);
+  EXPECT_EQ(phone.screen().page, 2) << "it is the last";
+  test::drag(phone, 200, 500, 100, 0);
+  EXPECT_EQ(phone.screen().page, 1);
 }
 
 TEST_P(Measures, TheDockHoldsWhatTheUserPutThere) {
   sim::PropertyList(nlohmann::ordered_json{{"buttonBar", {notes, "com.example.weather"}}})
-      .write(home.path("/var/mobile/Library/SpringBoard/IconState.plist"));
-  const auto seen = home.screen();
+      .write(phone.path("/var/mobile/Library/SpringBoard/IconState.plist"));
+  const auto seen = phone.screen();
   const auto docks = viewsOf(seen, "SBDockIconListView");
   ASSERT_EQ(docks.size(), 1U);
   EXPECT_EQ(docks[0].frame, isOld() ? (Frame{0, 571, 375, 96}) : (Frame{12, 704, 351, 96}));
@@ -141,29 +141,29 @@ TEST_P(Measures, TheDockHoldsWhatTheUserPutThere) {
   EXPECT_EQ(docked->label, "");
   EXPECT_EQ(docked->frame.x, 27);
   EXPECT_GE(docked->frame.y, docks[0].frame.y);
-  home.openMenu(notes);
-  EXPECT_EQ(home.alert().title, "Notes");
+  phone.openMenu(notes);
+  EXPECT_EQ(phone.alert().title, "Notes");
 }
 
 // Sheets and alerts
 
 TEST_P(Measures, ASheetFillsTheWidthButForItsMargins) {
-  home.removeFileManager();
-  home.openMenu(notes);
-  const auto rows = viewsOf(home.screen(), "_UIAlertControllerActionView");
-  ASSERT_EQ(rows.size(), home.buttons().size());
+  phone.removeFileManager();
+  phone.openMenu(notes);
+  const auto rows = viewsOf(phone.screen(), "_UIAlertControllerActionView");
+  ASSERT_EQ(rows.size(), phone.buttons().size());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     EXPECT_EQ(rows[i].frame.x, 8);
     EXPECT_EQ(rows[i].frame.width, 375 - 16);
     EXPECT_EQ(rows[i].frame.height, 57);
-    EXPECT_EQ(caption(rows[i]), home.buttons()[i]);
+    EXPECT_EQ(caption(rows[i]), phone.buttons()[i]);
   }
 }
 
 TEST_P(Measures, TheCancelButtonStandsApartAtTheLowerEdge) {
-  home.install({});
-  home->touch(app).perform("muteNotifications");
-  const auto rows = viewsOf(home.screen(), "_UIAlertControllerActionView");
+  phone.install({});
+  phone.touch(app).perform("muteNotifications");
+  const auto rows = viewsOf(phone.screen(), "_UIAlertControllerActionView");
   const auto& cancel = rows.back();
   ASSERT_EQ(caption(cancel), "Cancel");
   EXPECT_EQ(bottom(cancel.frame), bounds().height - belowSheets());
@@ -171,24 +171,24 @@ TEST_P(Measures, TheCancelButtonStandsApartAtTheLowerEdge) {
 }
 
 TEST_P(Measures, AListThatIsTooLongScrolls) {
-  home.install({});
-  home.setBadge(app, 4);
-  std::filesystem::create_directories(home.path("/var/mobile/Documents/Sprigdial/" + app));
-  home.openMenu();
-  const auto before = viewsOf(home.screen(), "UIScrollView");
+  phone.install({});
+  phone.setBadge(app, 4);
+  std::filesystem::create_directories(phone.path("/var/mobile/Documents/Sprigdial/" + app));
+  phone.openMenu();
+  const auto before = viewsOf(phone.screen(), "UIScrollView");
   const auto& list = before.back();
   ASSERT_EQ(list.view.subviews.size(), 14U);
   EXPECT_LT(list.frame.height, 14 * 57);
   EXPECT_GE(list.frame.y, statusBar());
   EXPECT_EQ(list.view.scrolledY, 0);
-  home->tap("Open App");
-  EXPECT_EQ(home.screen().frontmost, app);
+  phone.tap("Open App");
+  EXPECT_EQ(phone.screen().frontmost, app);
 }
 
 TEST_P(Measures, AnAlertStandsInTheMiddle) {
-  home.install({});
-  home->touch(app).perform("clearCaches");
-  const auto seen = home.screen();
+  phone.install({});
+  phone.touch(app).perform("clearCaches");
+  const auto seen = phone.screen();
   const auto alert = viewsOf(seen, "_UIAlertControllerView").at(0).frame;
   EXPECT_EQ(alert.width, 270);
   EXPECT_EQ(alert.x, (375 - 270) / 2.0);
@@ -205,18 +205,18 @@ TEST_P(Measures, AnAlertStandsInTheMiddle) {
 }
 
 TEST_P(Measures, WhatLiesBehindIsDimmed) {
-  home.openMenu(notes);
-  const auto dimming = viewsOf(home.screen(), "UIDimmingView");
+  phone.openMenu(notes);
+  const auto dimming = viewsOf(phone.screen(), "UIDimmingView");
   ASSERT_EQ(dimming.size(), 1U);
   EXPECT_EQ(dimming[0].frame, bounds());
   EXPECT_EQ(dimming[0].view.background, (sim::Color{0, 0, 0, 0.4}));
 }
 
 TEST_P(Measures, TheKeyboardIsUpWhileATextFieldHasTheFocus) {
-  home.install({});
-  EXPECT_EQ(windowNamed(home.screen(), "the keyboard"), nullptr);
-  home->touch(app).perform("setBadges");
-  auto seen = home.screen();
+  phone.install({});
+  EXPECT_EQ(windowNamed(phone.screen(), "the keyboard"), nullptr);
+  phone.touch(app).perform("setBadges");
+  auto seen = phone.screen();
   const auto* keyboard = windowNamed(seen, "the keyboard");
   ASSERT_NE(keyboard, nullptr);
   const double height = isOld() ? 216 : 291;
@@ -227,32 +227,32 @@ TEST_P(Measures, TheKeyboardIsUpWhileATextFieldHasTheFocus) {
   EXPECT_EQ(field.frame.height, 30);
   const auto alert = viewsOf(seen, "_UIAlertControllerView").at(0).frame;
   EXPECT_NEAR(alert.y + alert.height / 2, (bounds().height - height) / 2, 0.5);
-  home->type("7");
-  EXPECT_EQ(viewsOf(home.screen(), "UITextField").at(0).view.text, "7");
-  home->tap("Cancel");
-  EXPECT_EQ(windowNamed(home.screen(), "the keyboard"), nullptr);
+  phone.type("7");
+  EXPECT_EQ(viewsOf(phone.screen(), "UITextField").at(0).view.text, "7");
+  phone.tap("Cancel");
+  EXPECT_EQ(windowNamed(phone.screen(), "the keyboard"), nullptr);
 }
 
 TEST_P(Measures, ASheetTellsWhenItBeganToComeAndWhenItWillHaveCome) {
-  home.openMenu(notes);
-  const auto seen = home.screen();
+  phone.openMenu(notes);
+  const auto seen = phone.screen();
   const auto transition = seen.windows.at(0).transition;
   ASSERT_TRUE(transition);
   EXPECT_EQ(transition->kind, "presentation");
   EXPECT_NEAR(transition->start, seen.passed, 1e-6);
   EXPECT_NEAR(transition->end - transition->start, test::presentation, 1e-6);
-  home->advance(test::presentation);
-  EXPECT_FALSE(home.screen().windows.at(0).transition);
-  home->tapLate("Cancel");
-  EXPECT_EQ(home.screen().windows.at(0).transition->kind, "dismissal");
-  EXPECT_EQ(viewsOf(home.screen(), "UIDimmingView").size(), 1U) << "it goes at the end";
+  phone.advance(test::presentation);
+  EXPECT_FALSE(phone.screen().windows.at(0).transition);
+  phone.tapLate("Cancel");
+  EXPECT_EQ(phone.screen().windows.at(0).transition->kind, "dismissal");
+  EXPECT_EQ(viewsOf(phone.screen(), "UIDimmingView").size(), 1U) << "it goes at the end";
 }
 
 // The rest
 
 TEST_P(Measures, TheQuickActionListStandsByItsIcon) {
-  home->forceTouch(notes);
-  const auto seen = home.screen();
+  phone.forceTouch(notes);
+  const auto seen = phone.screen();
   const auto rows = viewsOf(seen, "SBUIActionView");
   ASSERT_EQ(rows.size(), seen.quickActions->entries.size());
   const auto icon = seen.icon(notes)->frame;
@@ -269,18 +269,18 @@ TEST_P(Measures, TheQuickActionListStandsByItsIcon) {
 }
 
 TEST_P(Measures, AnOpenApplicationFillsTheScreen) {
-  home->launch(notes);
-  const auto seen = home.screen();
+  phone.launch(notes);
+  const auto seen = phone.screen();
   const auto view = viewsOf(seen, "SBApplicationView").at(0);
   EXPECT_EQ(view.frame, bounds());
   EXPECT_EQ(view.view.identifier, notes);
-  home->home();
-  EXPECT_TRUE(viewsOf(home.screen(), "SBApplicationView").empty());
+  phone.home();
+  EXPECT_TRUE(viewsOf(phone.screen(), "SBApplicationView").empty());
 }
 
 TEST_P(Measures, ABannerHangsBelowTheStatusBar) {
-  home->notify(notes, "first").notify("com.example.mail", "second");
-  const auto banners = viewsOf(home.screen(), "NCNotificationView");
+  phone.notify(notes, "first").notify("com.example.mail", "second");
+  const auto banners = viewsOf(phone.screen(), "NCNotificationView");
   ASSERT_EQ(banners.size(), 2U);
   EXPECT_EQ(banners[1].frame, (Frame{8, statusBar(), 375 - 16, 94}));
   EXPECT_EQ(banners[1].view.identifier, "com.example.mail");
@@ -288,8 +288,8 @@ TEST_P(Measures, ABannerHangsBelowTheStatusBar) {
 }
 
 TEST_P(Measures, TheLockScreenListsItsNotifications) {
-  home->lock().screenOn().notify(notes, "first").notify(notes, "second");
-  const auto seen = home.screen();
+  phone.lock().screenOn().notify(notes, "first").notify(notes, "second");
+  const auto seen = phone.screen();
   ASSERT_TRUE(seen.locked);
   const auto* window = windowNamed(seen, "the lock screen");
   ASSERT_NE(window, nullptr);
@@ -300,23 +300,23 @@ TEST_P(Measures, TheLockScreenListsItsNotifications) {
 }
 
 TEST_P(Measures, ThePowerSliderLiesOverEverything) {
-  home->powerDown();
-  const auto seen = home.screen();
+  phone.powerDown();
+  const auto seen = phone.screen();
   EXPECT_EQ(seen.tree.back().name, "the power slider");
   EXPECT_EQ(viewsOf(seen, "_UIActionSlider").at(0).frame.width, 280);
-  test::touch(home, viewsOf(seen, "SBPowerDownCancelButton").at(0).frame);
-  EXPECT_FALSE(home.screen().poweringDown);
+  test::touch(phone, viewsOf(seen, "SBPowerDownCancelButton").at(0).frame);
+  EXPECT_FALSE(phone.screen().poweringDown);
 }
 
 TEST_P(Measures, TheSwitcherShowsACardForEachApplication) {
-  home->launch(notes).home().launch("com.example.weather").home().ask("switcher");
-  auto seen = home.screen();
+  phone.launch(notes).home().launch("com.example.weather").home().ask("switcher");
+  auto seen = phone.screen();
   const auto cards = viewsOf(seen, "SBAppSwitcherItem");
   ASSERT_EQ(cards.size(), 2U);
   EXPECT_EQ(cards[0].view.identifier, "com.example.weather");
   EXPECT_EQ(cards[1].view.identifier, notes);
-  test::touch(home, cards[1].frame);
-  seen = home.screen();
+  test::touch(phone, cards[1].frame);
+  seen = phone.screen();
   EXPECT_EQ(seen.frontmost, notes);
   EXPECT_EQ(windowNamed(seen, "the application switcher"), nullptr);
 }

@@ -1,7 +1,7 @@
 // Finding views on the screen.
 #pragma once
 
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace test {
 
@@ -41,15 +41,15 @@ inline double bottom(const sim::Frame& frame) { return frame.y + frame.height; }
 inline std::string caption(const PlacedView& placed) { return placed.view.subviews.at(0).text; }
 
 /// A finger taps on that point.
-inline void touchAt(Home& home, double x, double y) { home->ask("touch-at", {{"x", x}, {"y", y}}); }
-inline void touch(Home& home, const sim::Frame& frame) {
-  touchAt(home, frame.x + frame.width / 2, frame.y + frame.height / 2);
+inline void touchAt(Phone& phone, double x, double y) { phone.ask("touch-at", {{"x", x}, {"y", y}}); }
+inline void touch(Phone& phone, const sim::Frame& frame) {
+  touchAt(phone, frame.x + frame.width / 2, frame.y + frame.height / 2);
 }
 /// A finger goes from that point by dx and dy.
-inline void drag(Home& home, double x, double y, double dx, double dy) {
-  home->ask("drag", {{"x", x}, {"y", y}, {"samples", {{dx, dy}}}});
+inline void drag(Phone& phone, double x, double y, double dx, double dy) {
+  phone.ask("drag", {{"x", x}, {"y", y}, {"samples", {dx, dy}}});
 }
-inline void rotate(Home& home, const std::string& to) { home->ask("rotate", {{"to", to}}); }
+inline void rotate(Phone& phone, const std::string& to) { phone.ask("rotate", {{"to", to}}); }
 
 /// What the home screen says to a request that it refuses; empty when it does what was asked.
 inline std::string refusal(const std::function<void()>& action) {

@@ -1,5 +1,5 @@
 // Renamed labels and a settings file that does not hold what it should.
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -11,27 +11,27 @@ const std::string onlyTheName = "{\n  \"com.example.test\": \"New\"\n}";
 
 class DamagedSettings : public test::Generations {
  protected:
-  void SetUp() override { home.install({}); }
+  void SetUp() override { phone.install({}); }
   void TearDown() override {
     // What was locked has to be removed at the end.
     fs::permissions(folder(), fs::perms::owner_all);
   }
-  fs::path folder() const { return home.settingsFile().parent_path(); }
+  fs::path folder() const { return phone.settingsFile().parent_path(); }
   void expectSystemNames() {
-    const auto screen = home->launch(app).home().screen();
+    const auto screen = phone.launch(app).home().screen();
     EXPECT_EQ(screen.icon(app)->label, "Test App");
     EXPECT_EQ(screen.icon(app)->spoken, "Test App");
     EXPECT_EQ(screen.switcher, std::vector<std::string>{"Test App"});
-    home.openMenu();
-    EXPECT_EQ(home.alert().title, "Test App");
-    home->tap("Cancel").advance(1);
+    phone.openMenu();
+    EXPECT_EQ(phone.alert().title, "Test App");
+    phone.tap("Cancel").advance(1);
   }
-  std::string content() { return sim::PropertyList::read(home.settingsFile()).value().readable(); }
+  std::string content() { return sim::PropertyList::read(phone.settingsFile()).value().readable(); }
 };
 
 class DamagedFile : public testing::TestWithParam<std::tuple<sim::Generation, std::string>> {
  protected:
-  test::Home home{std::get<0>(GetParam())};
+  test::Phone phone{std::get<0>(GetParam())};
 };
 
 const std::map<std::string, std::string> damagedFiles{
@@ -63,80 +63,80 @@ INSTANTIATE_TEST_SUITE_P(, DamagedFile, testing::Combine(test::bothGenerations, 
 TEST_P(DamagedSettings, WhatIsNoTextIsNoName) {
   for (const Json& value :
        {Json(7), Json(1.5), Json(true), Json::array({"a", "b"}), Json{{"name", "x"}}, Json::binary({1, 2, 3})}) {
-    home.storeFromOutside(app, value);
+    phone.storeFromOutside(app, value);
     expectSystemNames();
-    home->respring();
+    phone.respring();
     expectSystemNames();
   }
 }
 
 TEST_P(DamagedSettings, ADateIsNoName) {
-  sim::writeFile(home.settingsFile(),
+  sim::writeFile(phone.settingsFile(),
                  "<plist version=\"1.0\"><dict><key>com.example.test</key>"
                  "<date>2020-01-01T00:00:00Z</date></dict></plist>");
   expectSystemNames();
 }
 
 TEST_P(DamagedSettings, WhatIsNoNameIsReplacedByOne) {
-  home.storeFromOutside(app, Json::array({"a", "b"}));
-  home.storeFromOutside("kept", Json::array({"c"}));
-  home.rename(app, "New");
-  EXPECT_EQ(home.icon(app).label, "New");
+  phone.storeFromOutside(app, Json::array({"a", "b"}));
+  phone.storeFromOutside("kept", Json::array({"c"}));
+  phone.rename(app, "New");
+  EXPECT_EQ(phone.icon(app).label, "New");
   EXPECT_EQ(content(), "{\n  \"com.example.test\": \"New\"\n  \"kept\": [\n    \"c\"\n  ]\n}");
 }
 
 TEST_P(DamagedFile, GivesNoNamesAndIsReplacedByTheFirst) {
-  home.install({});
-  sim::writeFile(home.settingsFile(), damagedFiles.at(std::get<1>(GetParam())));
-  EXPECT_EQ(home.icon(app).label, "Test App");
-  EXPECT_EQ(home.icon(app).spoken, "Test App");
-  home.rename(app, "New");
-  EXPECT_EQ(home.icon(app).label, "New");
-  EXPECT_EQ(sim::PropertyList::read(home.settingsFile()).value().readable(), onlyTheName);
+  phone.install({});
+  sim::writeFile(phone.settingsFile(), damagedFiles.at(std::get<1>(GetParam())));
+  EXPECT_EQ(phone.icon(app).label, "Test App");
+  EXPECT_EQ(phone.icon(app).spoken, "Test App");
+  phone.rename(app, "New");
+  EXPECT_EQ(phone.icon(app).label, "New");
+  EXPECT_EQ(sim::PropertyList::read(phone.settingsFile()).value().readable(), onlyTheName);
 }
 
 TEST_P(DamagedSettings, AnUnreadableFileIsReplacedByTheFirstName) {
-  home.storeFromOutside(app, "Secret");
-  fs::permissions(home.settingsFile(), fs::perms::owner_write);
+  phone.storeFromOutside(app, "Secret");
+  fs::permissions(phone.settingsFile(), fs::perms::owner_write);
   expectSystemNames();
-  home.rename(app, "New");
+  phone.rename(app, "New");
   EXPECT_EQ(content(), onlyTheName);
-  EXPECT_EQ(home.icon(app).label, "Test App") << "the new file has the old one's permissions";
-  fs::permissions(home.settingsFile(), fs::perms::owner_all);
-  EXPECT_EQ(home.icon(app).spoken, "New");
+  EXPECT_EQ(phone.icon(app).label, "Test App") << "the new file has the old one's permissions";
+  fs::permissions(phone.settingsFile(), fs::perms::owner_all);
+  EXPECT_EQ(phone.icon(app).spoken, "New");
 }
 
 TEST_P(DamagedSettings, AFolderInTheFilesPlaceStaysAndNothingIsStored) {
-  fs::create_directories(home.settingsFile() / "inside");
+  fs::create_directories(phone.settingsFile() / "inside");
   expectSystemNames();
   const auto before = test::filesBelow(folder());
-  home.rename(app, "New");
+  phone.rename(app, "New");
   EXPECT_EQ(test::filesBelow(folder()), before);
-  EXPECT_TRUE(home.screen().windows.empty());
+  EXPECT_TRUE(phone.screen().windows.empty());
   expectSystemNames();
 }
 
 TEST_P(DamagedSettings, AFileThatCannotBeWrittenStaysAsItIs) {
-  home.storeFromOutside(app, "Old");
-  ASSERT_EQ(home.icon(app).label, "Old");
+  phone.storeFromOutside(app, "Old");
+  ASSERT_EQ(phone.icon(app).label, "Old");
   const auto before = test::filesBelow(folder());
   fs::permissions(folder(), fs::perms::owner_read | fs::perms::owner_exec);
-  home.rename(app, "New");
-  EXPECT_EQ(home.icon(app).label, "Old");
-  EXPECT_EQ(home.icon(app).spoken, "Old");
-  EXPECT_TRUE(home.screen().windows.empty());
-  EXPECT_EQ(home.live("RenameIcon"), 0);
+  phone.rename(app, "New");
+  EXPECT_EQ(phone.icon(app).label, "Old");
+  EXPECT_EQ(phone.icon(app).spoken, "Old");
+  EXPECT_TRUE(phone.screen().windows.empty());
+  EXPECT_EQ(phone.live("RenameIcon"), 0);
   EXPECT_EQ(test::filesBelow(folder()), before);
   fs::permissions(folder(), fs::perms::owner_all);
-  home.rename(app, "New");
-  EXPECT_EQ(home.icon(app).label, "New");
+  phone.rename(app, "New");
+  EXPECT_EQ(phone.icon(app).label, "New");
 }
 
 TEST_P(DamagedSettings, AMissingFolderStoresNothing) {
   expectSystemNames();
-  fs::rename(folder(), home.path("/var/mobile/elsewhere"));
-  home.rename(app, "New");
-  EXPECT_EQ(home.icon(app).label, "Test App");
+  fs::rename(folder(), phone.path("/var/mobile/elsewhere"));
+  phone.rename(app, "New");
+  EXPECT_EQ(phone.icon(app).label, "Test App");
   EXPECT_FALSE(fs::exists(folder()));
-  fs::rename(home.path("/var/mobile/elsewhere"), folder());
+  fs::rename(phone.path("/var/mobile/elsewhere"), folder());
 }

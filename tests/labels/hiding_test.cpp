@@ -1,7 +1,7 @@
 // Hiding icon labels, and refreshing them on request.
 #include <algorithm>
 
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -13,26 +13,26 @@ const std::string coming = "com.example.coming";
 template <class Fixture>
 class LookingAtViews : public Fixture {
  protected:
-  using Fixture::home;
+  using Fixture::phone;
   // How many messages of that name icon views get from the add-on meanwhile.
   long told(const std::string& selector, const std::function<void()>& action) {
-    const auto calls = home.callsDuring(action);
+    const auto calls = phone.callsDuring(action);
     return std::count_if(calls.begin(), calls.end(), [&](const auto& call) {
       return call.kind == "send" && call.className == "SBIconView" && call.selector == selector;
     });
   }
   void makeView(const std::string& initialiser, bool label = true) {
-    home->ask("makeIconView", {{"initialiser", initialiser}, {"label", label}});
+    phone.ask("make-icon-view", {{"initialiser", initialiser}, {"without-label", !label}});
   }
 };
 
 class Hiding : public LookingAtViews<test::Generations> {
  protected:
   // The home button lays the page out.
-  void layOut() { home->home(); }
-  long icons() { return static_cast<long>(home.screen().icons.size()); }
+  void layOut() { phone.home(); }
+  long icons() { return static_cast<long>(phone.screen().icons.size()); }
   long hidden() {
-    const auto all = home.screen().icons;
+    const auto all = phone.screen().icons;
     return std::count_if(all.begin(), all.end(), [](const auto& icon) { return icon.labelHidden; });
   }
   void expectAllHidden() { EXPECT_EQ(hidden(), icons()); }
@@ -53,25 +53,25 @@ INSTANTIATE_TEST_SUITE_P(, Hiding, test::bothGenerations, test::generationName);
 TEST_P(Hiding, LabelsAreShownAtFirst) { expectAllShown(); }
 
 TEST_P(Hiding, EveryLabelIsHiddenFromTheStart) {
-  home.settings({"hideLabel=true"});
+  phone.settings({"hideLabel=true"});
   expectAllHidden();
-  EXPECT_EQ(home.icon("com.example.notes").label, "Notes") << "the text is still there";
+  EXPECT_EQ(phone.icon("com.example.notes").label, "Notes") << "the text is still there";
 }
 
 TEST_P(Hiding, TheSettingTakesHoldAtTheNextLayout) {
   expectAllShown();
-  home.settings({"hideLabel=true"});
+  phone.settings({"hideLabel=true"});
   expectAllShown();
   layOut();
   expectAllHidden();
 }
 
 TEST_P(Hiding, EveryWayBackToTheHomeScreenHidesThem) {
-  const std::vector<std::function<void()>> layouts{[&] { home->home(); }, [&] { home->lock().unlock(); },
-                                                   [&] { home->edit(true).edit(false); }, [&] { home->rescan(); }};
-  home.settings({"hideLabel=true"});
+  const std::vector<std::function<void()>> layouts{[&] { phone.home(); }, [&] { phone.lock().unlock(); },
+                                                   [&] { phone.edit(true).edit(false); }, [&] { phone.rescan(); }};
+  phone.settings({"hideLabel=true"});
   for (const auto& layout : layouts) {
-    home->post(updateLabels);
+    phone.post(updateLabels);
     expectAllShown();
     layout();
     expectAllHidden();
@@ -79,110 +79,110 @@ TEST_P(Hiding, EveryWayBackToTheHomeScreenHidesThem) {
 }
 
 TEST_P(Hiding, AnIconThatComesLaterIsHiddenToo) {
-  home.settings({"hideLabel=true"});
-  home->startDownload(coming);
-  EXPECT_TRUE(home.icon(coming).labelHidden);
-  home.install({});
+  phone.settings({"hideLabel=true"});
+  phone.startDownload(coming);
+  EXPECT_TRUE(phone.icon(coming).labelHidden);
+  phone.install({});
   expectAllHidden();
 }
 
 TEST_P(Hiding, SwitchedOffHidesNothing) {
-  home.settings({"hideLabel=true", "enabled=false"});
+  phone.settings({"hideLabel=true", "enabled=false"});
   expectAllShown();
   layOut();
   expectAllShown();
-  home.settings({"enabled=true"});
+  phone.settings({"enabled=true"});
   layOut();
   expectAllHidden();
 }
 
 TEST_P(Hiding, LayoutShowsNoLabelAgain) {
-  home.settings({"hideLabel=true"});
+  phone.settings({"hideLabel=true"});
   expectAllHidden();
-  home.settings({"hideLabel=false"});
+  phone.settings({"hideLabel=false"});
   layOut();
   expectAllHidden();
-  home.settings({"hideLabel=true", "enabled=false"});
+  phone.settings({"hideLabel=true", "enabled=false"});
   layOut();
   expectAllHidden();
 }
 
 TEST_P(Hiding, ARenamedLabelStaysHidden) {
-  home.settings({"hideLabel=true"});
-  home.rename("com.example.notes", "Jotter");
-  EXPECT_EQ(home.icon("com.example.notes").label, "Jotter");
+  phone.settings({"hideLabel=true"});
+  phone.rename("com.example.notes", "Jotter");
+  EXPECT_EQ(phone.icon("com.example.notes").label, "Jotter");
   expectAllHidden();
 }
 
 // On request: the opposite of the setting in force
 
 TEST_P(Hiding, TheUpdateHidesAllWhileTheSettingIsOff) {
-  home->post(updateLabels);
+  phone.post(updateLabels);
   expectAllHidden();
-  home->post(updateLabels);
+  phone.post(updateLabels);
   expectAllHidden();
 }
 
 TEST_P(Hiding, TheUpdateShowsAllWhileTheSettingIsOnUntilTheNextLayout) {
-  home.settings({"hideLabel=true"});
+  phone.settings({"hideLabel=true"});
   expectAllHidden();
-  home->post(updateLabels);
+  phone.post(updateLabels);
   expectAllShown();
   layOut();
   expectAllHidden();
 }
 
 TEST_P(Hiding, TheUpdateGoesByTheSettingThatWasLoaded) {
-  home->post(updateLabels);
+  phone.post(updateLabels);
   expectAllHidden();
-  home.device().setSettings({"hideLabel=true"});
-  home->post(updateLabels);
+  phone.device().setSettings({"hideLabel=true"});
+  phone.post(updateLabels);
   expectAllHidden();
-  home->post("com.morvanel.sprigdial.preferencechanged").post(updateLabels);
+  phone.post("com.morvanel.sprigdial.preferencechanged").post(updateLabels);
   expectAllShown();
 }
 
 TEST_P(Hiding, TheUpdateDoesNothingWhileSwitchedOff) {
-  home.settings({"enabled=false"});
-  home->post(updateLabels);
+  phone.settings({"enabled=false"});
+  phone.post(updateLabels);
   expectAllShown();
-  home.settings({"enabled=true"});
-  home->post(updateLabels);
+  phone.settings({"enabled=true"});
+  phone.post(updateLabels);
   expectAllHidden();
-  home.settings({"enabled=false", "hideLabel=true"});
-  home->post(updateLabels);
+  phone.settings({"enabled=false", "hideLabel=true"});
+  phone.post(updateLabels);
   expectAllHidden();
 }
 
 TEST_P(Hiding, TheUpdateReachesIconsThatCameLater) {
   expectAllShown();
-  home->startDownload(coming);
-  home.install({});
-  home->post(updateLabels);
+  phone.startDownload(coming);
+  phone.install({});
+  phone.post(updateLabels);
   expectAllHidden();
 }
 
 TEST_P(Hiding, TheUpdateLeavesTheNamesAlone) {
   expectAllShown();
-  home.storeFromOutside("com.example.notes", "Jotter");
-  home->post(updateLabels);
-  EXPECT_EQ(home.icon("com.example.notes").label, "Notes");
+  phone.storeFromOutside("com.example.notes", "Jotter");
+  phone.post(updateLabels);
+  EXPECT_EQ(phone.icon("com.example.notes").label, "Notes");
 }
 
 TEST_P(Hiding, IconsThatWentAreNotAskedAnyMore) {
-  home.install({});
-  home->startDownload(coming);
-  const long before = told("valueForKey:", [&] { home->post(updateLabels); });
+  phone.install({});
+  phone.startDownload(coming);
+  const long before = told("valueForKey:", [&] { phone.post(updateLabels); });
   EXPECT_EQ(before, passes() * icons());
-  home.uninstall("com.example.test");
-  home->removeDownload(coming);
-  EXPECT_EQ(told("valueForKey:", [&] { home->post(updateLabels); }), before - 2 * passes());
+  phone.uninstall("com.example.test");
+  phone.removeDownload(coming);
+  EXPECT_EQ(told("valueForKey:", [&] { phone.post(updateLabels); }), before - 2 * passes());
 }
 
 TEST_P(Hiding, AViewWithoutALabelIsFine) {
-  home.settings({"hideLabel=true"});
+  phone.settings({"hideLabel=true"});
   makeView(initialiser(), false);
-  home->post(updateLabels).post(refreshNames);
+  phone.post(updateLabels).post(refreshNames);
   expectAllShown();
   layOut();
   expectAllHidden();
@@ -192,42 +192,42 @@ TEST_P(Hiding, AViewWithoutALabelIsFine) {
 
 TEST_P(Hiding, TheRenameNotificationReadsEveryNameAnewInTheNewGenerationOnly) {
   expectAllShown();
-  home.storeFromOutside("com.example.notes", "Jotter");
-  home.storeFromOutside("com.example.weather", "Sky");
-  home->post(refreshNames);
-  EXPECT_EQ(home.icon("com.example.notes").label, isOld() ? "Notes" : "Jotter");
-  EXPECT_EQ(home.icon("com.example.weather").label, isOld() ? "Weather" : "Sky");
+  phone.storeFromOutside("com.example.notes", "Jotter");
+  phone.storeFromOutside("com.example.weather", "Sky");
+  phone.post(refreshNames);
+  EXPECT_EQ(phone.icon("com.example.notes").label, isOld() ? "Notes" : "Jotter");
+  EXPECT_EQ(phone.icon("com.example.weather").label, isOld() ? "Weather" : "Sky");
   expectAllShown();
 }
 
 TEST_P(Hiding, TheRenameNotificationDoesNothingWhileSwitchedOff) {
-  home.storeFromOutside("com.example.notes", "Jotter");
-  ASSERT_EQ(home.icon("com.example.notes").label, "Jotter");
-  home.settings({"enabled=false"});
-  EXPECT_EQ(told("_updateLabel", [&] { home->post(refreshNames); }), 0);
-  EXPECT_EQ(home.icon("com.example.notes").label, "Jotter");
+  phone.storeFromOutside("com.example.notes", "Jotter");
+  ASSERT_EQ(phone.icon("com.example.notes").label, "Jotter");
+  phone.settings({"enabled=false"});
+  EXPECT_EQ(told("_updateLabel", [&] { phone.post(refreshNames); }), 0);
+  EXPECT_EQ(phone.icon("com.example.notes").label, "Jotter");
 }
 
 // Who listens to what
 
 TEST_P(Hiding, TheLocalNamesMeanNothingFromOutside) {
-  home.storeFromOutside("com.example.weather", "Sky");
-  const auto label = home.icon("com.example.notes").label;
-  home.storeFromOutside("com.example.notes", "Jotter");
-  home->post("com.morvanel.sprigdial.isIconLabeUpdate").post("com.morvanel.sprigdial.renameIconLablel");
-  home->post("com.morvanel.sprigdial.iconlabel").post("com.morvanel.sprigdial.renamelabel");
+  phone.storeFromOutside("com.example.weather", "Sky");
+  const auto label = phone.icon("com.example.notes").label;
+  phone.storeFromOutside("com.example.notes", "Jotter");
+  phone.post("com.morvanel.sprigdial.isIconLabeUpdate").post("com.morvanel.sprigdial.renameIconLablel");
+  phone.post("com.morvanel.sprigdial.iconlabel").post("com.morvanel.sprigdial.renamelabel");
   expectAllShown();
-  EXPECT_EQ(home.icon("com.example.notes").label, label);
+  EXPECT_EQ(phone.icon("com.example.notes").label, label);
 }
 
 TEST_P(Hiding, AViewListensOncePerInitialiserItCameThrough) {
-  EXPECT_EQ(told("valueForKey:", [&] { home->post(updateLabels); }), passes() * icons());
-  EXPECT_EQ(told("_updateLabel", [&] { home->post(refreshNames); }), isOld() ? 0 : 2 * icons());
+  EXPECT_EQ(told("valueForKey:", [&] { phone.post(updateLabels); }), passes() * icons());
+  EXPECT_EQ(told("_updateLabel", [&] { phone.post(refreshNames); }), isOld() ? 0 : 2 * icons());
 }
 
 TEST_P(Hiding, TheViewAnswersTheAddedMethodsOfItsGeneration) {
   std::vector<std::string> added;
-  for (const auto& method : home->describe("SBIconView").methods)
+  for (const auto& method : phone.describe("SBIconView").methods)
     for (const std::string name :
          {"recievedIconLablelUpdate", "renameIconLablelUpdate", "_sprigDial_registerNotification"})
       if (method.name == name) added.push_back(name + " " + method.type);
@@ -243,23 +243,23 @@ TEST_P(Hiding, TheViewAnswersTheAddedMethodsOfItsGeneration) {
 TEST_P(Hiding, AViewMadeAnywhereListens) {
   const long page = passes() * icons();
   makeView(initialiser());
-  EXPECT_EQ(told("valueForKey:", [&] { home->post(updateLabels); }), page + passes());
+  EXPECT_EQ(told("valueForKey:", [&] { phone.post(updateLabels); }), page + passes());
 }
 
 TEST_F(HidingOld, AViewThatCouldNotBeMadeDoesNotListen) {
-  home.options().interposed = {"SBIconView initWithContentType:"};
-  const long page = told("valueForKey:", [&] { home->post(updateLabels); });
-  home->interpose("SBIconView initWithContentType:", {{"do", "nil"}});
+  phone.options().interposed = {"SBIconView initWithContentType:"};
+  const long page = told("valueForKey:", [&] { phone.post(updateLabels); });
+  phone.interpose("SBIconView initWithContentType:", {{"do", "nil"}});
   makeView("initWithContentType:");
-  EXPECT_EQ(told("valueForKey:", [&] { home->post(updateLabels); }), page);
+  EXPECT_EQ(told("valueForKey:", [&] { phone.post(updateLabels); }), page);
 }
 
 TEST_F(HidingOld, AViewThatAnotherTookThePlaceOfListensNoLongerThanItLives) {
-  home.options().interposed = {"SBIconView initWithContentType:"};
-  const long page = told("valueForKey:", [&] { home->post(updateLabels); });
-  home->interpose("SBIconView initWithContentType:", {{"do", "other"}});
+  phone.options().interposed = {"SBIconView initWithContentType:"};
+  const long page = told("valueForKey:", [&] { phone.post(updateLabels); });
+  phone.interpose("SBIconView initWithContentType:", {{"do", "other"}});
   makeView("initWithContentType:");
-  EXPECT_EQ(told("valueForKey:", [&] { home->post(updateLabels); }), page);
+  EXPECT_EQ(told("valueForKey:", [&] { phone.post(updateLabels); }), page);
 }
 
 TEST_F(HidingNew, EachHookedInitialiserRegistersOnce) {
@@ -267,7 +267,7 @@ TEST_F(HidingNew, EachHookedInitialiserRegistersOnce) {
                                            {"initWithConfigurationOptions:", 2},
                                            {"initWithConfigurationOptions:listLayoutProvider:", 1}};
   for (const auto& [initialiser, expected] : passes) {
-    const auto calls = home.callsDuring([&, by = initialiser] { home->ask("makeIconView", {{"initialiser", by}}); });
+    const auto calls = phone.callsDuring([&, by = initialiser] { phone.ask("make-icon-view", {{"initialiser", by}}); });
     EXPECT_EQ(std::count_if(calls.begin(), calls.end(),
                             [](const auto& call) { return call.selector == "_sprigDial_registerNotification"; }),
               expected)

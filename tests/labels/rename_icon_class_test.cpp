@@ -1,16 +1,16 @@
 // The class `RenameIcon` as the runtime has it.
 #include <algorithm>
 
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
-using Description = sim::HomeScreen::ClassDescription;
+using Description = sim::Phone::ClassDescription;
 using Names = std::vector<std::string>;
 
 class RenameIconClass : public test::Generations {
  protected:
-  Description cls() { return home->describe("RenameIcon"); }
+  Description cls() { return phone.describe("RenameIcon"); }
 };
 
 Names sorted(const std::vector<Description::Member>& members) {
@@ -48,12 +48,12 @@ TEST_P(RenameIconClass, AnswersItsOwnMessagesAndNoMore) {
 
 TEST_P(RenameIconClass, IsTheSameBeforeAndAfterUse) {
   const auto before = sorted(cls().methods);
-  home.rename("com.example.notes", "Jotter");
+  phone.rename("com.example.notes", "Jotter");
   EXPECT_EQ(sorted(cls().methods), before);
-  EXPECT_EQ(home.live("RenameIcon"), 0);
+  EXPECT_EQ(phone.live("RenameIcon"), 0);
 }
 
 TEST_P(RenameIconClass, ComesWithTheLibrary) {
-  test::Home bare(GetParam(), {.library = ""});
-  EXPECT_THROW(bare->describe("RenameIcon"), sim::BadInput);
+  test::Phone bare(GetParam(), {.library = ""});
+  EXPECT_THROW(bare.describe("RenameIcon"), sim::BadInput);
 }

@@ -1,7 +1,7 @@
 // The dialog that renames an application, and what it stores.
 #include <algorithm>
 
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -14,14 +14,14 @@ const std::string domain = "com.morvanel.sprigdial";
 
 class Renaming : public test::Generations {
  protected:
-  void SetUp() override { home.install({}); }
-  std::string label(const std::string& id = app) { return home.icon(id).label; }
+  void SetUp() override { phone.install({}); }
+  std::string label(const std::string& id = app) { return phone.icon(id).label; }
   // A domain that the daemon does not hold is none.
   std::string preferences() {
-    const auto held = home->preferences(domain);
+    const auto held = phone.preferences(domain);
     return held ? held->readable() : "none";
   }
-  std::vector<std::string> posted(const std::vector<sim::HomeScreen::Call>& calls) {
+  std::vector<std::string> posted(const std::vector<sim::Phone::Call>& calls) {
     std::vector<std::string> names;
     for (const auto& call : calls)
       if (call.kind == "post") names.push_back(call.selector + ": " + call.encoding);
@@ -29,7 +29,7 @@ class Renaming : public test::Generations {
   }
 };
 
-bool has(const std::vector<sim::HomeScreen::Call>& calls, const std::string& className, const std::string& selector) {
+bool has(const std::vector<sim::Phone::Call>& calls, const std::string& className, const std::string& selector) {
   return std::any_of(calls.begin(), calls.end(),
                      [&](const auto& call) { return call.className == className && call.selector == selector; });
 }
@@ -60,15 +60,15 @@ INSTANTIATE_TEST_SUITE_P(, Renaming, test::bothGenerations, test::generationName
 // A text field that has no text at all
 
 TEST_P(Renaming, WithoutATextTakesTheStoredNameAway) {
-  home.options().interposed = {"UITextField text"};
-  home.rename(app, "Mine");
-  home.rename(other, "Jotter");
-  ASSERT_EQ(home.storedName(app), "Mine");
-  home.openRenameDialog();
-  home->interpose("UITextField text", {{"do", "nil"}});
-  home->tap("Apply");
-  EXPECT_EQ(home.storedName(app), std::nullopt);
-  EXPECT_EQ(home.storedName(other), "Jotter");
+  phone.options().interposed = {"UITextField text"};
+  phone.rename(app, "Mine");
+  phone.rename(other, "Jotter");
+  ASSERT_EQ(phone.storedName(app), "Mine");
+  phone.openRenameDialog();
+  phone.interpose("UITextField text", {{"do", "nil"}});
+  phone.tap("Apply");
+  EXPECT_EQ(phone.storedName(app), std::nullopt);
+  EXPECT_EQ(phone.storedName(other), "Jotter");
   EXPECT_EQ(label(), "Test App");
   EXPECT_EQ(preferences().find("Mine"), std::string::npos);
   EXPECT_NE(preferences().find("Jotter"), std::string::npos);
@@ -77,19 +77,19 @@ TEST_P(Renaming, WithoutATextTakesTheStoredNameAway) {
 // The dialog
 
 TEST_P(Renaming, TheDialogComesAQuarterOfASecondAfterTheTap) {
-  home.openMenu();
-  home->advance(1);
-  home->tap("Rename App");
-  EXPECT_TRUE(home.screen().windows.empty());
-  home->advance(0.249);
-  EXPECT_TRUE(home.screen().windows.empty());
-  home->advance(0.002);
-  EXPECT_EQ(home.alert().title, "Rename App");
+  phone.openMenu();
+  phone.advance(1);
+  phone.tap("Rename App");
+  EXPECT_TRUE(phone.screen().windows.empty());
+  phone.advance(0.249);
+  EXPECT_TRUE(phone.screen().windows.empty());
+  phone.advance(0.002);
+  EXPECT_EQ(phone.alert().title, "Rename App");
 }
 
 TEST_P(Renaming, TheDialogIsAnAlertWithTheNameInAField) {
-  home.openRenameDialog();
-  const auto alert = home.alert();
+  phone.openRenameDialog();
+  const auto alert = phone.alert();
   EXPECT_EQ(alert.style, "alert");
   EXPECT_EQ(alert.title, "Rename App");
   EXPECT_EQ(alert.message, "Test App");
@@ -106,8 +106,8 @@ TEST_P(Renaming, TheDialogIsAnAlertWithTheNameInAField) {
 }
 
 TEST_P(Renaming, TheDialogHasAFullScreenWindowBelowTheSystemsAlerts) {
-  home.openRenameDialog();
-  const auto windows = home.screen().windows;
+  phone.openRenameDialog();
+  const auto windows = phone.screen().windows;
   ASSERT_EQ(windows.size(), 1U);
   EXPECT_EQ(windows[0].level, 1999);
   EXPECT_TRUE(windows[0].key);
@@ -115,31 +115,31 @@ TEST_P(Renaming, TheDialogHasAFullScreenWindowBelowTheSystemsAlerts) {
 }
 
 TEST_P(Renaming, TheDialogComesOnATabletToo) {
-  home.options().tablet = true;
-  test::Home tablet(GetParam(), home.options());
+  phone.options().tablet = true;
+  test::Phone tablet(GetParam(), phone.options());
   tablet.openRenameDialog(other);
   EXPECT_EQ(tablet.alert().title, "Rename App");
-  tablet->type("Jotter").tap("Apply");
+  tablet.type("Jotter").tap("Apply");
   EXPECT_EQ(tablet.icon(other).label, "Jotter");
 }
 
 TEST_P(Renaming, TheDialogBeginsWithTheApplicationsOwnName) {
-  home.rename(app, "Stored");
-  home.openMenu();
-  EXPECT_EQ(home.alert().title, "Stored");
-  home->tap("Rename App").advance(1);
-  EXPECT_EQ(home.alert().message, "Test App");
-  EXPECT_EQ(home.alert().textFields[0].text, "Test App");
+  phone.rename(app, "Stored");
+  phone.openMenu();
+  EXPECT_EQ(phone.alert().title, "Stored");
+  phone.tap("Rename App").advance(1);
+  EXPECT_EQ(phone.alert().message, "Test App");
+  EXPECT_EQ(phone.alert().textFields[0].text, "Test App");
   // Everything else goes on showing the new one.
   EXPECT_EQ(label(), "Stored");
-  EXPECT_EQ(home.icon(app).spoken, "Stored");
+  EXPECT_EQ(phone.icon(app).spoken, "Stored");
 }
 
 TEST_P(Renaming, TheIconIsAskedForItsNameOnTheHomeScreen) {
-  home.openMenu();
-  home->advance(1);
-  home->tap("Rename App");
-  const auto calls = home.callsDuring([&] { home->advance(1); });
+  phone.openMenu();
+  phone.advance(1);
+  phone.tap("Rename App");
+  const auto calls = phone.callsDuring([&] { phone.advance(1); });
   EXPECT_TRUE(has(calls, "SBApplicationIcon", "displayNameForLocation:"));
   EXPECT_FALSE(has(calls, "SBApplicationIcon", "displayName"));
   EXPECT_FALSE(has(calls, "SBApplicationIcon", "leafIdentifier")) << "no stored name is looked up";
@@ -148,35 +148,35 @@ TEST_P(Renaming, TheIconIsAskedForItsNameOnTheHomeScreen) {
 // What is stored
 
 TEST_P(Renaming, ApplyShowsTheNewNameEverywhere) {
-  home->launch(app).home();
-  home.rename(app, "New Name");
-  const auto screen = home.screen();
+  phone.launch(app).home();
+  phone.rename(app, "New Name");
+  const auto screen = phone.screen();
   EXPECT_TRUE(screen.windows.empty());
   EXPECT_EQ(screen.icon(app)->label, "New Name");
   EXPECT_EQ(screen.icon(app)->spoken, "New Name");
   EXPECT_EQ(screen.switcher, (Titles{"New Name"}));
-  home.openMenu();
-  EXPECT_EQ(home.alert().title, "New Name");
-  home->tap("Clear Caches(0 MB)");
-  EXPECT_EQ(home.alert().title, "New Name");
-  home->tap("YES");
-  EXPECT_EQ(home.alert().title, "New Name");
-  home->tap("OK").perform("setBadges");
-  EXPECT_EQ(home.alert().message, "New Name");
+  phone.openMenu();
+  EXPECT_EQ(phone.alert().title, "New Name");
+  phone.tap("Clear Caches(0 MB)");
+  EXPECT_EQ(phone.alert().title, "New Name");
+  phone.tap("YES");
+  EXPECT_EQ(phone.alert().title, "New Name");
+  phone.tap("OK").perform("setBadges");
+  EXPECT_EQ(phone.alert().message, "New Name");
 }
 
 TEST_P(Renaming, TheNameSurvivesARespring) {
-  home.rename(app, "New Name");
-  home->respring();
+  phone.rename(app, "New Name");
+  phone.respring();
   EXPECT_EQ(label(), "New Name");
-  home.openMenu();
-  EXPECT_EQ(home.alert().title, "New Name");
+  phone.openMenu();
+  EXPECT_EQ(phone.alert().title, "New Name");
 }
 
 TEST_P(Renaming, EachApplicationHasItsOwnName) {
-  home.rename(app, "One");
-  home.rename(other, "Two");
-  home.rename(app, "Three");
+  phone.rename(app, "One");
+  phone.rename(other, "Two");
+  phone.rename(app, "Three");
   EXPECT_EQ(label(), "Three");
   EXPECT_EQ(label(other), "Two");
   EXPECT_EQ(label("com.example.weather"), "Weather");
@@ -190,119 +190,120 @@ TEST_P(Renaming, AnyTextIsAName) {
        {std::string("👩‍👩‍👧‍👦 🏳️‍🌈"), std::string("e\u0301a\u0323\u0308"),
         std::string("שלום, مرحبا"), std::string("\"quoted\" 'and' \\ %@ %s"), std::string("<b> & </string> ]]>"),
         std::string(" \t two\nlines "), std::string("true"), std::string("42"), endless}) {
-    home.rename(app, name);
-    EXPECT_EQ(home.storedName(app), name);
+    phone.rename(app, name);
+    EXPECT_EQ(phone.storedName(app), name);
     EXPECT_EQ(label(), name);
-    home.openMenu();
-    EXPECT_EQ(home.alert().title, name);
-    home->tap("Cancel").advance(1);
-    EXPECT_EQ(home->preferences(domain).value().text(app), name);
+    phone.openMenu();
+    EXPECT_EQ(phone.alert().title, name);
+    phone.tap("Cancel").advance(1);
+    EXPECT_EQ(phone.preferences(domain).value().text(app), name);
   }
 }
 
 TEST_P(Renaming, AnEmptyTextIsANameToo) {
-  home.rename(app, "");
-  EXPECT_EQ(home.storedName(app), "");
+  phone.rename(app, "");
+  EXPECT_EQ(phone.storedName(app), "");
   EXPECT_EQ(label(), "");
-  home->respring();
+  phone.respring();
   EXPECT_EQ(label(), "");
-  home.openMenu();
-  EXPECT_EQ(home.alert().title, "");
+  phone.openMenu();
+  EXPECT_EQ(phone.alert().title, "");
 }
 
 TEST_P(Renaming, TheOwnNameIsStoredLikeAnyOther) {
-  home.rename(app, "Other");
-  home.openRenameDialog();
-  home->tap("Apply");
+  phone.rename(app, "Other");
+  phone.openRenameDialog();
+  phone.tap("Apply");
   EXPECT_EQ(label(), "Test App");
-  EXPECT_EQ(home.storedName(app), "Test App");
+  EXPECT_EQ(phone.storedName(app), "Test App");
 }
 
 TEST_P(Renaming, EverythingElseInTheFileStaysAsItWas) {
-  sim::writeFile(home.settingsFile(), head + settingsBefore + settingsAfter + tail);
-  home.rename(app, "<New> & Name");
-  EXPECT_EQ(sim::readFile(home.settingsFile()).value(),
+  sim::writeFile(phone.settingsFile(), head + settingsBefore + settingsAfter + tail);
+  phone.rename(app, "<New> & Name");
+  EXPECT_EQ(sim::readFile(phone.settingsFile()).value(),
             head + settingsBefore + "\t<key>com.example.test</key>\n\t<string>&lt;New&gt; &amp; Name</string>\n" +
                 settingsAfter + tail);
 }
 
 TEST_P(Renaming, ABinaryFileIsWrittenBackAsXML) {
-  home.settings({"slideValue=2.5", "useBadge=false", "direction=0"});
-  ASSERT_EQ(sim::readFile(home.settingsFile()).value().substr(0, 6), "bplist");
-  home.rename(app, "New");
-  EXPECT_EQ(sim::readFile(home.settingsFile()).value().substr(0, 5), "<?xml");
-  const std::string content = sim::PropertyList::read(home.settingsFile()).value().readable();
+  phone.settings({"slideValue=2.5", "useBadge=false", "direction=0"});
+  ASSERT_EQ(sim::readFile(phone.settingsFile()).value().substr(0, 6), "bplist");
+  phone.rename(app, "New");
+  EXPECT_EQ(sim::readFile(phone.settingsFile()).value().substr(0, 5), "<?xml");
+  const std::string content = sim::PropertyList::read(phone.settingsFile()).value().readable();
   for (const std::string line : {"\"slideValue\": 2.5\n", "\"useBadge\": false\n", "\"direction\": 0\n"})
     EXPECT_NE(content.find(line), std::string::npos) << content;
 }
 
 TEST_P(Renaming, TheFileIsReplacedNotWrittenOver) {
-  home.settings({"direction=0"});
-  const auto before = sim::readFile(home.settingsFile()).value();
-  const auto reader = home.path("/var/mobile/reader");
-  fs::create_hard_link(home.settingsFile(), reader);
-  const auto neighbours = test::filesBelow(home.settingsFile().parent_path()).size();
-  home.rename(app, "New");
+  phone.settings({"direction=0"});
+  const auto before = sim::readFile(phone.settingsFile()).value();
+  const auto reader = phone.path("/var/mobile/reader");
+  fs::create_hard_link(phone.settingsFile(), reader);
+  const auto neighbours = test::filesBelow(phone.settingsFile().parent_path()).size();
+  phone.rename(app, "New");
   EXPECT_EQ(sim::readFile(reader).value(), before) << "who has the file open sees the old content";
-  EXPECT_EQ(home.storedName(app), "New");
-  EXPECT_EQ(test::filesBelow(home.settingsFile().parent_path()).size(), neighbours + 1) << "the mute list alone is new";
+  EXPECT_EQ(phone.storedName(app), "New");
+  EXPECT_EQ(test::filesBelow(phone.settingsFile().parent_path()).size(), neighbours + 1)
+      << "the mute list alone is new";
 }
 
 TEST_P(Renaming, TheFirstNameCreatesTheFile) {
-  home.openMenu();
-  ASSERT_FALSE(fs::exists(home.settingsFile()));
-  home->tap("Cancel").advance(1);
-  home.rename(app, "New");
-  EXPECT_EQ(sim::readFile(home.settingsFile()).value(),
+  phone.openMenu();
+  ASSERT_FALSE(fs::exists(phone.settingsFile()));
+  phone.tap("Cancel").advance(1);
+  phone.rename(app, "New");
+  EXPECT_EQ(sim::readFile(phone.settingsFile()).value(),
             head + "\t<key>com.example.test</key>\n\t<string>New</string>\n" + tail);
 }
 
 TEST_P(Renaming, ThePreferencesDomainGetsTheNameAlone) {
-  home.settings({"disableType=0"});
-  home->readPreferences(domain);
-  home.settings({"disableType=1"});
-  home.rename(app, "New");
+  phone.settings({"disableType=0"});
+  phone.readPreferences(domain);
+  phone.settings({"disableType=1"});
+  phone.rename(app, "New");
   EXPECT_EQ(preferences(), "{\n  \"com.example.test\": \"New\"\n  \"disableType\": 0\n}");
 }
 
 TEST_P(Renaming, SettingsChangedMeanwhileAreKept) {
-  home.openRenameDialog();
-  home.settings({"useBadge=false"});
-  home->type("New").tap("Apply");
-  EXPECT_NE(sim::PropertyList::read(home.settingsFile()).value().readable().find("\"useBadge\": false"),
+  phone.openRenameDialog();
+  phone.settings({"useBadge=false"});
+  phone.type("New").tap("Apply");
+  EXPECT_NE(sim::PropertyList::read(phone.settingsFile()).value().readable().find("\"useBadge\": false"),
             std::string::npos);
   EXPECT_EQ(label(), "New");
 }
 
 TEST_P(Renaming, SwitchedOffWhileTheDialogIsUpStillStores) {
-  home.openRenameDialog();
-  home.settings({"enabled=false"});
-  home->type("New").tap("Apply");
-  EXPECT_EQ(home.storedName(app), "New");
+  phone.openRenameDialog();
+  phone.settings({"enabled=false"});
+  phone.type("New").tap("Apply");
+  EXPECT_EQ(phone.storedName(app), "New");
   EXPECT_EQ(label(), "Test App");
-  EXPECT_TRUE(home.screen().windows.empty());
+  EXPECT_TRUE(phone.screen().windows.empty());
 }
 
 TEST_P(Renaming, CancelLeavesTheFileUntouched) {
-  home.settings({"direction=0", app + "=Stored"});
-  home->respring();
-  const auto before = sim::readFile(home.settingsFile()).value();
-  const auto written = fs::last_write_time(home.settingsFile());
-  home.openRenameDialog();
-  const auto calls = home.callsDuring([&] { home->type("Never").tap("Cancel"); });
+  phone.settings({"direction=0", app + "=Stored"});
+  phone.respring();
+  const auto before = sim::readFile(phone.settingsFile()).value();
+  const auto written = fs::last_write_time(phone.settingsFile());
+  phone.openRenameDialog();
+  const auto calls = phone.callsDuring([&] { phone.type("Never").tap("Cancel"); });
   EXPECT_EQ(posted(calls), Titles{});
   EXPECT_FALSE(has(calls, "SBIconView", "_updateLabel"));
-  EXPECT_TRUE(home.screen().windows.empty());
-  EXPECT_EQ(sim::readFile(home.settingsFile()).value(), before);
-  EXPECT_EQ(fs::last_write_time(home.settingsFile()), written);
+  EXPECT_TRUE(phone.screen().windows.empty());
+  EXPECT_EQ(sim::readFile(phone.settingsFile()).value(), before);
+  EXPECT_EQ(fs::last_write_time(phone.settingsFile()), written);
   EXPECT_EQ(preferences(), "none");
   EXPECT_EQ(label(), "Stored");
 }
 
 TEST_P(Renaming, CancelLeavesAMissingFileMissing) {
-  home.openRenameDialog();
-  home->type("Never").tap("Cancel");
-  EXPECT_FALSE(fs::exists(home.settingsFile()));
+  phone.openRenameDialog();
+  phone.type("Never").tap("Cancel");
+  EXPECT_FALSE(fs::exists(phone.settingsFile()));
   EXPECT_EQ(label(), "Test App");
 }
 
@@ -310,9 +311,9 @@ TEST_P(Renaming, CancelLeavesAMissingFileMissing) {
 
 TEST_P(Renaming, OtherLabelsAreReadAnewInTheNewGenerationOnly) {
   ASSERT_EQ(label(other), "Notes");
-  home.openRenameDialog();
-  home.storeFromOutside(other, "Jotter");
-  const auto calls = home.callsDuring([&] { home->type("New").tap("Apply"); });
+  phone.openRenameDialog();
+  phone.storeFromOutside(other, "Jotter");
+  const auto calls = phone.callsDuring([&] { phone.type("New").tap("Apply"); });
   EXPECT_EQ(label(), "New");
   EXPECT_EQ(label(other), isOld() ? "Notes" : "Jotter");
   const Titles expected =
@@ -321,138 +322,138 @@ TEST_P(Renaming, OtherLabelsAreReadAnewInTheNewGenerationOnly) {
 }
 
 TEST_P(Renaming, OnlyTheRenamedIconsViewIsToldInTheOldGeneration) {
-  home.openRenameDialog();
-  const auto calls = home.callsDuring([&] { home->tap("Apply"); });
+  phone.openRenameDialog();
+  const auto calls = phone.callsDuring([&] { phone.tap("Apply"); });
   const auto told = std::count_if(calls.begin(), calls.end(), [](const auto& call) {
     return call.className == "SBIconView" && call.selector == "_updateLabel";
   });
   // In the new generation every view is told, twice: it came through two initialisers.
-  EXPECT_EQ(told, isOld() ? 1 : 2 * static_cast<long>(home.screen().icons.size()));
+  EXPECT_EQ(told, isOld() ? 1 : 2 * static_cast<long>(phone.screen().icons.size()));
 }
 
 // Replaced without a tap
 
 TEST_P(Renaming, ADialogThatIsTakenAwayStaysInItsSlotsAlone) {
   for (const bool locking : {true, false}) {
-    home.openRenameDialog();
+    phone.openRenameDialog();
     if (locking) {
-      home->lock().unlock();
+      phone.lock().unlock();
     } else {
-      home->powerDown().home();
+      phone.powerDown().home();
     }
-    EXPECT_TRUE(home.screen().windows.empty());
-    home->advance(1);
-    EXPECT_EQ(home.live("RenameIcon"), 1);
-    EXPECT_EQ(home.live("UIAlertController"), 1);
-    EXPECT_EQ(home.live("UIAlertAction"), 2);
-    EXPECT_EQ(home.live("UIWindow"), 0);
-    EXPECT_EQ(home.live("UIViewController"), 0);
-    EXPECT_EQ(home.live("blocks"), 0) << "the buttons' handlers went with the screen";
+    EXPECT_TRUE(phone.screen().windows.empty());
+    phone.advance(1);
+    EXPECT_EQ(phone.live("RenameIcon"), 1);
+    EXPECT_EQ(phone.live("UIAlertController"), 1);
+    EXPECT_EQ(phone.live("UIAlertAction"), 2);
+    EXPECT_EQ(phone.live("UIWindow"), 0);
+    EXPECT_EQ(phone.live("UIViewController"), 0);
+    EXPECT_EQ(phone.live("blocks"), 0) << "the buttons' handlers went with the screen";
   }
-  EXPECT_FALSE(fs::exists(home.settingsFile()));
+  EXPECT_FALSE(fs::exists(phone.settingsFile()));
 }
 
 TEST_P(Renaming, AMenuReplacesTheDialog) {
-  home.openRenameDialog();
-  home.openMenuInSpite(other);
-  ASSERT_EQ(home.screen().windows.size(), 1U);
-  EXPECT_EQ(home.alert().title, "Notes");
-  home->tap("Cancel").advance(1);
-  EXPECT_EQ(home.live("RenameIcon"), 1);
-  EXPECT_EQ(home.live("UIAlertController"), 1);
-  EXPECT_EQ(home.live("UIWindow"), 0);
+  phone.openRenameDialog();
+  phone.openMenuInSpite(other);
+  ASSERT_EQ(phone.screen().windows.size(), 1U);
+  EXPECT_EQ(phone.alert().title, "Notes");
+  phone.tap("Cancel").advance(1);
+  EXPECT_EQ(phone.live("RenameIcon"), 1);
+  EXPECT_EQ(phone.live("UIAlertController"), 1);
+  EXPECT_EQ(phone.live("UIWindow"), 0);
 }
 
 TEST_P(Renaming, ASecondRenamerReplacesTheFirstWhileItsDialogIsUp) {
-  home.openRenameDialog();
-  home.openMenuInSpite(other);
-  home->tap("Rename App").advance(1);
-  ASSERT_EQ(home.screen().windows.size(), 1U);
-  EXPECT_EQ(home.alert().message, "Notes");
-  EXPECT_EQ(home.live("RenameIcon"), 1);
-  EXPECT_EQ(home.live("UIAlertController"), 1);
-  EXPECT_EQ(home.live("blocks"), 2);
-  home->type("Jotter").tap("Apply");
+  phone.openRenameDialog();
+  phone.openMenuInSpite(other);
+  phone.tap("Rename App").advance(1);
+  ASSERT_EQ(phone.screen().windows.size(), 1U);
+  EXPECT_EQ(phone.alert().message, "Notes");
+  EXPECT_EQ(phone.live("RenameIcon"), 1);
+  EXPECT_EQ(phone.live("UIAlertController"), 1);
+  EXPECT_EQ(phone.live("blocks"), 2);
+  phone.type("Jotter").tap("Apply");
   EXPECT_EQ(label(other), "Jotter");
   EXPECT_EQ(label(), "Test App");
-  EXPECT_EQ(home.live("RenameIcon"), 0);
+  EXPECT_EQ(phone.live("RenameIcon"), 0);
 }
 
 // Without animations a menu is quicker than the quarter of a second that the dialog waits.
 TEST_P(Renaming, ASecondRenamerBeforeTheFirstOnesDialogComesAfterIt) {
-  home->animations(false);
-  home.openMenu();
-  home->advance(1);
-  home->tap("Rename App").advance(0.1);
-  home.openMenu(other);
-  home->tap("Rename App").advance(0.2);
-  EXPECT_EQ(home.alert().message, "Test App");
-  EXPECT_EQ(home.live("RenameIcon"), 2);
-  home->advance(0.1);
-  EXPECT_EQ(home.alert().message, "Notes");
-  EXPECT_EQ(home.screen().windows.size(), 1U);
-  EXPECT_EQ(home.live("RenameIcon"), 1);
+  phone.animations(false);
+  phone.openMenu();
+  phone.advance(1);
+  phone.tap("Rename App").advance(0.1);
+  phone.openMenu(other);
+  phone.tap("Rename App").advance(0.2);
+  EXPECT_EQ(phone.alert().message, "Test App");
+  EXPECT_EQ(phone.live("RenameIcon"), 2);
+  phone.advance(0.1);
+  EXPECT_EQ(phone.alert().message, "Notes");
+  EXPECT_EQ(phone.screen().windows.size(), 1U);
+  EXPECT_EQ(phone.live("RenameIcon"), 1);
 }
 
 TEST_P(Renaming, TheFirstOfTwoRenamersEndsWithoutTheSecond) {
-  home->animations(false);
-  home.openMenu();
-  home->advance(1);
-  home->tap("Rename App").advance(0.1);
-  home.openMenu(other);
-  home->tap("Rename App").advance(0.2);
-  home->type("First").tap("Apply");
+  phone.animations(false);
+  phone.openMenu();
+  phone.advance(1);
+  phone.tap("Rename App").advance(0.1);
+  phone.openMenu(other);
+  phone.tap("Rename App").advance(0.2);
+  phone.type("First").tap("Apply");
   EXPECT_EQ(label(), "First");
-  EXPECT_TRUE(home.screen().windows.empty());
-  EXPECT_EQ(home.live("RenameIcon"), 1) << "the second one waits for its dialog";
-  home->advance(0.1);
-  EXPECT_EQ(home.alert().message, "Notes");
-  home->tap("Cancel");
-  EXPECT_EQ(home.live("RenameIcon"), 0);
+  EXPECT_TRUE(phone.screen().windows.empty());
+  EXPECT_EQ(phone.live("RenameIcon"), 1) << "the second one waits for its dialog";
+  phone.advance(0.1);
+  EXPECT_EQ(phone.alert().message, "Notes");
+  phone.tap("Cancel");
+  EXPECT_EQ(phone.live("RenameIcon"), 0);
 }
 
 TEST_P(Renaming, LockingBeforeTheDialogComesDoesNotKeepItAway) {
-  home.openMenu();
-  home->tap("Rename App").lock().unlock().advance(1);
-  EXPECT_EQ(home.alert().title, "Rename App");
+  phone.openMenu();
+  phone.tap("Rename App").lock().unlock().advance(1);
+  EXPECT_EQ(phone.alert().title, "Rename App");
 }
 
 TEST_P(Renaming, TheApplicationMayGoWhileItsDialogIsUp) {
-  const long icons = home.live("SBApplicationIcon");
+  const long icons = phone.live("SBApplicationIcon");
   for (const std::string button : {"Apply", "Cancel"}) {
-    home.install({});
-    home.openRenameDialog();
-    home.uninstall(app);
-    EXPECT_EQ(home.screen().icon(app), nullptr);
-    EXPECT_EQ(home.live("SBApplicationIcon"), icons) << "the renamer keeps its icon";
-    home->type("Gone").tap(button);
-    EXPECT_TRUE(home.screen().windows.empty());
-    EXPECT_EQ(home.live("SBApplicationIcon"), icons - 1);
-    EXPECT_EQ(home.storedName(app), "Gone") << "from the first round on";
+    phone.install({});
+    phone.openRenameDialog();
+    phone.uninstall(app);
+    EXPECT_EQ(phone.screen().icon(app), nullptr);
+    EXPECT_EQ(phone.live("SBApplicationIcon"), icons) << "the renamer keeps its icon";
+    phone.type("Gone").tap(button);
+    EXPECT_TRUE(phone.screen().windows.empty());
+    EXPECT_EQ(phone.live("SBApplicationIcon"), icons - 1);
+    EXPECT_EQ(phone.storedName(app), "Gone") << "from the first round on";
   }
-  home.install({});
+  phone.install({});
   EXPECT_EQ(label(), "Gone");
 }
 
 TEST_P(Renaming, ARenamerThatGoesLetsGoOfItsIconAndView) {
-  const long icons = home.live("SBApplicationIcon");
-  const long views = home.live("SBIconView");
-  home.openRenameDialog();
-  home->lock().unlock();
-  home.uninstall(app);
-  EXPECT_EQ(home.live("SBApplicationIcon"), icons);
-  EXPECT_EQ(home.live("SBIconView"), isOld() ? views : views - 1) << "the new generation finds no view";
-  home.openRenameDialog(other);
-  EXPECT_EQ(home.live("RenameIcon"), 1);
-  EXPECT_EQ(home.live("SBApplicationIcon"), icons - 1);
-  EXPECT_EQ(home.live("SBIconView"), views - 1);
+  const long icons = phone.live("SBApplicationIcon");
+  const long views = phone.live("SBIconView");
+  phone.openRenameDialog();
+  phone.lock().unlock();
+  phone.uninstall(app);
+  EXPECT_EQ(phone.live("SBApplicationIcon"), icons);
+  EXPECT_EQ(phone.live("SBIconView"), isOld() ? views : views - 1) << "the new generation finds no view";
+  phone.openRenameDialog(other);
+  EXPECT_EQ(phone.live("RenameIcon"), 1);
+  EXPECT_EQ(phone.live("SBApplicationIcon"), icons - 1);
+  EXPECT_EQ(phone.live("SBIconView"), views - 1);
 }
 
 TEST_P(Renaming, ADownloadMayEndWhileADialogIsUp) {
-  home->startDownload("com.example.coming");
-  home.openRenameDialog();
-  home->removeDownload("com.example.coming").advance(1);
-  home->type("New").tap("Apply");
+  phone.startDownload("com.example.coming");
+  phone.openRenameDialog();
+  phone.removeDownload("com.example.coming").advance(1);
+  phone.type("New").tap("Apply");
   EXPECT_EQ(label(), "New");
 }
 
@@ -463,54 +464,54 @@ class ManyRenames : public Renaming {
   static constexpr int rounds = 50;
   void expectFlat(const std::function<void()>& round) {
     round();
-    home->advance(1);
-    const auto first = home->live();
+    phone.advance(1);
+    const auto first = phone.live();
     for (int i = 0; i < rounds; ++i) round();
-    home->advance(1);
-    EXPECT_EQ(home->live(), first);
+    phone.advance(1);
+    EXPECT_EQ(phone.live(), first);
   }
 };
 INSTANTIATE_TEST_SUITE_P(, ManyRenames, test::bothGenerations, test::generationName);
 
 TEST_P(ManyRenames, AppliedLeaveNothing) {
   int i = 0;
-  expectFlat([&] { home.rename(app, "Name " + std::to_string(++i)); });
+  expectFlat([&] { phone.rename(app, "Name " + std::to_string(++i)); });
   EXPECT_EQ(label(), "Name 51");
-  EXPECT_EQ(home.live("RenameIcon"), 0);
-  EXPECT_EQ(home.live("UIAlertController"), 0);
-  EXPECT_EQ(home.live("blocks"), 0);
+  EXPECT_EQ(phone.live("RenameIcon"), 0);
+  EXPECT_EQ(phone.live("UIAlertController"), 0);
+  EXPECT_EQ(phone.live("blocks"), 0);
 }
 
 TEST_P(ManyRenames, CancelledLeaveNothing) {
   expectFlat([&] {
-    home.openRenameDialog();
-    home->tap("Cancel");
+    phone.openRenameDialog();
+    phone.tap("Cancel");
   });
-  EXPECT_EQ(home.live("RenameIcon"), 0);
-  EXPECT_EQ(home.live("UIAlertController"), 0);
-  EXPECT_EQ(home.live("blocks"), 0);
+  EXPECT_EQ(phone.live("RenameIcon"), 0);
+  EXPECT_EQ(phone.live("UIAlertController"), 0);
+  EXPECT_EQ(phone.live("blocks"), 0);
 }
 
 TEST_P(ManyRenames, ReplacedBeforeTheirDialogLeaveTheLastAlone) {
-  home->animations(false);
+  phone.animations(false);
   expectFlat([&] {
-    home.openMenuInSpite();
-    home->advance(1);
-    home->tap("Rename App").advance(0.1);
-    home.openRenameDialog(other);
+    phone.openMenuInSpite();
+    phone.advance(1);
+    phone.tap("Rename App").advance(0.1);
+    phone.openRenameDialog(other);
   });
-  EXPECT_EQ(home.live("RenameIcon"), 1);
-  EXPECT_EQ(home.live("UIAlertController"), 1);
+  EXPECT_EQ(phone.live("RenameIcon"), 1);
+  EXPECT_EQ(phone.live("UIAlertController"), 1);
 }
 
 TEST_P(ManyRenames, ReplacedByLockingLeaveTheLastAlone) {
   expectFlat([&] {
-    home.openRenameDialog();
-    home->lock().unlock();
+    phone.openRenameDialog();
+    phone.lock().unlock();
   });
-  EXPECT_EQ(home.live("RenameIcon"), 1);
-  EXPECT_EQ(home.live("UIAlertController"), 1);
-  EXPECT_EQ(home.live("UIWindow"), 0);
+  EXPECT_EQ(phone.live("RenameIcon"), 1);
+  EXPECT_EQ(phone.live("UIAlertController"), 1);
+  EXPECT_EQ(phone.live("UIWindow"), 0);
 }
 
 // Core libraries before version 1000
@@ -518,39 +519,39 @@ TEST_P(ManyRenames, ReplacedByLockingLeaveTheLastAlone) {
 class RenamingLongAgo : public test::OldGeneration {
  protected:
   void start(double coreVersion) {
-    home.options().coreVersion = coreVersion;
-    home.install({});
+    phone.options().coreVersion = coreVersion;
+    phone.install({});
   }
 };
 
 TEST_F(RenamingLongAgo, ThePreferencesDomainIsSetFromVersionThousandOn) {
   start(1000.0);
-  home.rename(app, "New");
-  EXPECT_EQ(home->preferences(domain).value().text(app), "New");
-  test::Home before(sim::Generation::old, {.coreVersion = 999.9});
+  phone.rename(app, "New");
+  EXPECT_EQ(phone.preferences(domain).value().text(app), "New");
+  test::Phone before(sim::Generation::old, {.coreVersion = 999.9});
   before.rename(other, "New");
-  EXPECT_FALSE(before->preferences(domain).has_value());
+  EXPECT_FALSE(before.preferences(domain).has_value());
   EXPECT_EQ(before.storedName(other), "New");
   EXPECT_EQ(before.icon(other).label, "New");
 }
 
 TEST_F(RenamingLongAgo, AnIconThatKnowsNoLocationsIsAskedForItsOneName) {
   start(999);
-  home.openMenu();
-  home->advance(1);
-  home->tap("Rename App");
-  const auto calls = home.callsDuring([&] { home->advance(1); });
+  phone.openMenu();
+  phone.advance(1);
+  phone.tap("Rename App");
+  const auto calls = phone.callsDuring([&] { phone.advance(1); });
   EXPECT_TRUE(has(calls, "SBApplicationIcon", "displayName"));
   EXPECT_FALSE(has(calls, "SBApplicationIcon", "displayNameForLocation:"));
-  EXPECT_EQ(home.alert().textFields[0].text, "Test App");
+  EXPECT_EQ(phone.alert().textFields[0].text, "Test App");
 }
 
 // There the icon's own name is the application's, which shows its new one throughout.
 TEST_F(RenamingLongAgo, TheApplicationItselfAnswersWithItsNewNameToTheDialogToo) {
   start(999);
-  home.rename(app, "Stored");
-  EXPECT_EQ(home.icon(app).label, "Stored");
-  const auto calls = home.callsDuring([&] { home.openRenameDialog(); });
-  EXPECT_EQ(home.alert().message, "Stored");
+  phone.rename(app, "Stored");
+  EXPECT_EQ(phone.icon(app).label, "Stored");
+  const auto calls = phone.callsDuring([&] { phone.openRenameDialog(); });
+  EXPECT_EQ(phone.alert().message, "Stored");
   EXPECT_FALSE(has(calls, "SBApplicationIcon", "leafIdentifier")) << "the icon's part is bypassed";
 }

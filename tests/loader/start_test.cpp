@@ -1,7 +1,7 @@
 // What happens when the library is mapped: the hook table, the observers, the mute list, the threshold.
 #include <sys/stat.h>
 
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -10,7 +10,7 @@ class Start : public test::Generations {
   // "kind class selector encoding" of what was hooked and added on the platform's classes.
   std::vector<std::string> table() {
     std::vector<std::string> rows;
-    for (const auto& call : home->calls())
+    for (const auto& call : phone.calls())
       if ((call.kind == "hook" || call.kind == "add") && call.className != "RenameIcon")
         rows.push_back(call.kind + " " + call.className + " " + call.selector +
                        (call.kind == "add" ? " " + call.encoding : ""));
@@ -118,7 +118,7 @@ TEST_P(Start, InstallsTheWholeTableInOrder) { EXPECT_EQ(table(), isOld() ? oldTa
 
 TEST_P(Start, ObservesFourDarwinNotificationsInOrder) {
   std::vector<std::string> names;
-  for (const auto& observer : home->darwinObservers()) {
+  for (const auto& observer : phone.darwinObservers()) {
     names.push_back(observer.name);
     EXPECT_TRUE(observer.observer.is_null());
     EXPECT_TRUE(observer.object.is_null());
@@ -131,41 +131,41 @@ TEST_P(Start, ObservesFourDarwinNotificationsInOrder) {
 }
 
 TEST_P(Start, MakesTheMuteListReadableByAll) {
-  home->screen();
+  phone.screen();
   struct stat info {};
-  ASSERT_EQ(stat(home.path(muteList).c_str(), &info), 0);
+  ASSERT_EQ(stat(phone.path(muteList).c_str(), &info), 0);
   EXPECT_EQ(info.st_mode & 07777, 0644U);
-  EXPECT_NE(sim::readFile(home.path(muteList))->find("<dict>\n\t<key>entries</key>\n\t<array/>\n</dict>"),
+  EXPECT_NE(sim::readFile(phone.path(muteList))->find("<dict>\n\t<key>entries</key>\n\t<array/>\n</dict>"),
             std::string::npos);
 }
 
 TEST_P(Start, LeavesAnExistingMuteListAlone) {
   const std::string content = "anything at all";
-  sim::writeFile(home.path(muteList), content);
-  home->screen();
-  EXPECT_EQ(sim::readFile(home.path(muteList)), content);
+  sim::writeFile(phone.path(muteList), content);
+  phone.screen();
+  EXPECT_EQ(sim::readFile(phone.path(muteList)), content);
 }
 
 TEST_P(Start, WorksWhereTheMuteListCannotBeMade) {
-  std::filesystem::remove_all(home.path("/var/mobile/Library/Preferences"));
-  home.openMenu("com.example.notes");
-  EXPECT_TRUE(home.showsAlert());
+  std::filesystem::remove_all(phone.path("/var/mobile/Library/Preferences"));
+  phone.openMenu("com.example.notes");
+  EXPECT_TRUE(phone.showsAlert());
 }
 
 TEST_P(Start, WithoutTheLibraryTheHomeScreenWorksToo) {
-  home.options().library = "";
-  home.swipeUp("com.example.notes");
-  EXPECT_FALSE(home.showsAlert());
-  EXPECT_TRUE(home->calls().empty());
+  phone.options().library = "";
+  phone.swipeUp("com.example.notes");
+  EXPECT_FALSE(phone.showsAlert());
+  EXPECT_TRUE(phone.calls().empty());
 }
 
 // The version alone decides, not which classes there are.
 TEST_P(Start, TheThresholdIsExact) {
-  home.options().coreVersion = isOld() ? 1652.19 : 1652.2;
+  phone.options().coreVersion = isOld() ? 1652.19 : 1652.2;
   EXPECT_EQ(table(), isOld() ? oldTable : newTable);
 }
 
 TEST_P(Start, OtherHostGainsNothing) {
   const std::string other = isOld() ? "SBHIconManager" : "SBIconController";
-  for (const auto& call : home->calls()) EXPECT_NE(call.className, other);
+  for (const auto& call : phone.calls()) EXPECT_NE(call.className, other);
 }

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdio>
 
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -18,38 +18,38 @@ const std::vector<std::string> allSettings{"openFilza",      "useRename",  "useB
                                            "useCopySchemes", "useMute",    "openApp"};
 
 // An application for which every entry holds.
-void prepareForAll(test::Home& home) {
-  home.install({});
-  home.setBadge(app, 4);
-  std::filesystem::create_directories(home.path("/var/mobile/Documents/Sprigdial/" + app));
+void prepareForAll(test::Phone& phone) {
+  phone.install({});
+  phone.setBadge(app, 4);
+  std::filesystem::create_directories(phone.path("/var/mobile/Documents/Sprigdial/" + app));
 }
 
 }  // namespace
 INSTANTIATE_TEST_SUITE_P(, ActionMenu, test::bothGenerations, test::generationName);
 
 TEST_P(ActionMenu, ShowsEveryEntryThatHoldsInOrder) {
-  prepareForAll(home);
-  home.openMenu();
+  prepareForAll(phone);
+  phone.openMenu();
   const std::vector<std::string> expected{
       "Open in Filza [App]", "Open in Filza [Data]", "Rename App",        "Clear Badges",       "Set Badges",
       "Clear Caches(0 MB)",  "Backup Data",          "Restore Data",      "Delete Backup Data", "Remove All User Data",
       "Copy BundleID",       "Copy URL Schemes",     "Mute Notification", "Open App",           "Cancel"};
-  EXPECT_EQ(home.buttons(), expected);
+  EXPECT_EQ(phone.buttons(), expected);
 }
 
 TEST_P(ActionMenu, EntriesAreDefaultButTheLast) {
-  prepareForAll(home);
-  home.openMenu();
-  const auto buttons = home.alert().buttons;
+  prepareForAll(phone);
+  phone.openMenu();
+  const auto buttons = phone.alert().buttons;
   for (const auto& button : buttons) EXPECT_EQ(button.style, button.title == "Cancel" ? "cancel" : "default");
 }
 
 TEST_P(ActionMenu, IsAnActionSheetWithNameAndVersion) {
-  home.install({});
-  home.openMenu();
-  EXPECT_EQ(home.alert().style, "action sheet");
-  EXPECT_EQ(home.alert().title, "Test App");
-  EXPECT_EQ(home.alert().message, "com.example.test Ver.2.5");
+  phone.install({});
+  phone.openMenu();
+  EXPECT_EQ(phone.alert().style, "action sheet");
+  EXPECT_EQ(phone.alert().title, "Test App");
+  EXPECT_EQ(phone.alert().message, "com.example.test Ver.2.5");
 }
 
 TEST_P(ActionMenu, EachSettingHidesItsOwnEntries) {
@@ -67,131 +67,131 @@ TEST_P(ActionMenu, EachSettingHidesItsOwnEntries) {
       {"useCopySchemes", {"Copy URL Schemes"}},
       {"useMute", {"Mute Notification"}},
       {"openApp", {"Open App"}}};
-  prepareForAll(home);
-  home.openMenu();
-  const auto all = home.buttons();
+  prepareForAll(phone);
+  phone.openMenu();
+  const auto all = phone.buttons();
   for (const auto& [setting, entries] : entriesOf) {
-    home->tap("Cancel");
-    home->advance(1);
-    home.settings({setting + "=false"});
-    home.openMenu();
+    phone.tap("Cancel");
+    phone.advance(1);
+    phone.settings({setting + "=false"});
+    phone.openMenu();
     auto expected = all;
     for (const auto& entry : entries) std::erase(expected, entry);
-    EXPECT_EQ(home.buttons(), expected) << setting;
-    home.settings({setting + "=true"});
+    EXPECT_EQ(phone.buttons(), expected) << setting;
+    phone.settings({setting + "=true"});
   }
 }
 
 TEST_P(ActionMenu, WithEverySettingOffHoldsOnlyCancel) {
-  prepareForAll(home);
+  prepareForAll(phone);
   std::vector<std::string> pairs;
   for (const auto& key : allSettings) pairs.push_back(key + "=false");
-  home.settings(pairs);
-  home.openMenu();
-  EXPECT_EQ(home.buttons(), std::vector<std::string>{"Cancel"});
+  phone.settings(pairs);
+  phone.openMenu();
+  EXPECT_EQ(phone.buttons(), std::vector<std::string>{"Cancel"});
 }
 
 TEST_P(ActionMenu, WithoutFileManagerHasNoFilzaEntries) {
-  home.install({});
-  home.removeFileManager();
-  home.openMenu();
-  EXPECT_FALSE(home.hasButton("Open in Filza [App]"));
-  EXPECT_FALSE(home.hasButton("Open in Filza [Data]"));
+  phone.install({});
+  phone.removeFileManager();
+  phone.openMenu();
+  EXPECT_FALSE(phone.hasButton("Open in Filza [App]"));
+  EXPECT_FALSE(phone.hasButton("Open in Filza [Data]"));
 }
 
 TEST_P(ActionMenu, BlankInTheBundlePathHidesTheAppFolderButNotTheVersion) {
-  home.install({.folder = "My Test.app"});
-  home.openMenu();
-  EXPECT_FALSE(home.hasButton("Open in Filza [App]"));
-  EXPECT_TRUE(home.hasButton("Open in Filza [Data]"));
-  EXPECT_EQ(home.alert().message, "com.example.test Ver.2.5");
+  phone.install({.folder = "My Test.app"});
+  phone.openMenu();
+  EXPECT_FALSE(phone.hasButton("Open in Filza [App]"));
+  EXPECT_TRUE(phone.hasButton("Open in Filza [Data]"));
+  EXPECT_EQ(phone.alert().message, "com.example.test Ver.2.5");
 }
 
 TEST_P(ActionMenu, WithoutBadgeHasNoClearBadges) {
-  home.install({});
-  home.openMenu();
-  EXPECT_FALSE(home.hasButton("Clear Badges"));
-  EXPECT_TRUE(home.hasButton("Set Badges"));
+  phone.install({});
+  phone.openMenu();
+  EXPECT_FALSE(phone.hasButton("Clear Badges"));
+  EXPECT_TRUE(phone.hasButton("Set Badges"));
 }
 
 TEST_P(ActionMenu, ATextBadgeIsABadgeToo) {
-  home.install({});
-  home.setBadge(app, "new");
-  home.openMenu();
-  EXPECT_TRUE(home.hasButton("Clear Badges"));
+  phone.install({});
+  phone.setBadge(app, "new");
+  phone.openMenu();
+  EXPECT_TRUE(phone.hasButton("Clear Badges"));
 }
 
 TEST_P(ActionMenu, WithoutCachesFolderHasNeitherCacheNorReset) {
-  home.install({.hasCaches = false});
-  home.openMenu();
-  for (const auto& title : home.buttons()) EXPECT_EQ(title.find("Clear Caches"), std::string::npos);
-  EXPECT_FALSE(home.hasButton("Remove All User Data"));
-  EXPECT_TRUE(home.hasButton("Backup Data"));
+  phone.install({.hasCaches = false});
+  phone.openMenu();
+  for (const auto& title : phone.buttons()) EXPECT_EQ(title.find("Clear Caches"), std::string::npos);
+  EXPECT_FALSE(phone.hasButton("Remove All User Data"));
+  EXPECT_TRUE(phone.hasButton("Backup Data"));
 }
 
 TEST_P(ActionMenu, WithoutDataContainerHasNoDataEntries) {
-  home.install({.hasContainer = false});
-  home.openMenu();
-  EXPECT_TRUE(home.hasButton("Open in Filza [App]"));
-  EXPECT_FALSE(home.hasButton("Open in Filza [Data]"));
-  EXPECT_FALSE(home.hasButton("Backup Data"));
-  EXPECT_FALSE(home.hasButton("Remove All User Data"));
+  phone.install({.hasContainer = false});
+  phone.openMenu();
+  EXPECT_TRUE(phone.hasButton("Open in Filza [App]"));
+  EXPECT_FALSE(phone.hasButton("Open in Filza [Data]"));
+  EXPECT_FALSE(phone.hasButton("Backup Data"));
+  EXPECT_FALSE(phone.hasButton("Remove All User Data"));
 }
 
 TEST_P(ActionMenu, BackupEntriesFollowTheBackupFolder) {
-  home.install({});
-  home.openMenu();
-  EXPECT_FALSE(home.hasButton("Restore Data"));
-  EXPECT_FALSE(home.hasButton("Delete Backup Data"));
-  home->tap("Cancel");
-  home->advance(1);
-  std::filesystem::create_directories(home.path("/var/mobile/Documents/Sprigdial/" + app));
-  home.openMenu();
-  EXPECT_TRUE(home.hasButton("Restore Data"));
-  EXPECT_TRUE(home.hasButton("Delete Backup Data"));
+  phone.install({});
+  phone.openMenu();
+  EXPECT_FALSE(phone.hasButton("Restore Data"));
+  EXPECT_FALSE(phone.hasButton("Delete Backup Data"));
+  phone.tap("Cancel");
+  phone.advance(1);
+  std::filesystem::create_directories(phone.path("/var/mobile/Documents/Sprigdial/" + app));
+  phone.openMenu();
+  EXPECT_TRUE(phone.hasButton("Restore Data"));
+  EXPECT_TRUE(phone.hasButton("Delete Backup Data"));
 }
 
 TEST_P(ActionMenu, UnknownVersionKeepsItsBlank) {
-  home.install({.info = {{"CFBundleShortVersionString", nullptr}}});
-  home.openMenu();
-  EXPECT_EQ(home.alert().message, "com.example.test Ver. Unknown");
+  phone.install({.info = {{"CFBundleShortVersionString", nullptr}}});
+  phone.openMenu();
+  EXPECT_EQ(phone.alert().message, "com.example.test Ver. Unknown");
 }
 
 TEST_P(ActionMenu, UnreadableInfoGivesAnUnknownVersion) {
-  home.install({});
-  home.swipeUp(app, 0, -0.5);
-  const auto info = home.bundle(app) / "Info.plist";
+  phone.install({});
+  phone.touch(app);
+  const auto info = phone.bundle(app) / "Info.plist";
   for (const auto* content : {"", "garbage", "<plist><array/></plist>"}) {
     sim::writeFile(info, content);
-    home.openMenu();
-    EXPECT_EQ(home.alert().message, "com.example.test Ver. Unknown") << content;
-    home->tap("Cancel");
-    home->advance(1);
+    phone.openMenu();
+    EXPECT_EQ(phone.alert().message, "com.example.test Ver. Unknown") << content;
+    phone.tap("Cancel");
+    phone.advance(1);
   }
 }
 
 TEST_P(ActionMenu, AVersionThatIsANumberIsShownAsItReads) {
-  home.install({.info = {{"CFBundleShortVersionString", 7}}});
-  home.openMenu();
-  EXPECT_EQ(home.alert().message, "com.example.test Ver.7");
+  phone.install({.info = {{"CFBundleShortVersionString", 7}}});
+  phone.openMenu();
+  EXPECT_EQ(phone.alert().message, "com.example.test Ver.7");
 }
 
 TEST_P(ActionMenu, VersionsOfAnyKindBringNothingDown) {
-  home.install({.info = {{"CFBundleShortVersionString", {{"a", 1}}}}});
-  home.openMenu();
-  EXPECT_EQ(home.alert().message->rfind("com.example.test Ver.", 0), 0U);
+  phone.install({.info = {{"CFBundleShortVersionString", {{"a", 1}}}}});
+  phone.openMenu();
+  EXPECT_EQ(phone.alert().message->rfind("com.example.test Ver.", 0), 0U);
 }
 
 TEST_P(ActionMenu, NamesOutsideAsciiAreShownAsTheyAre) {
-  home.install({.name = "Čtečka 😀 é"});
-  home.openMenu();
-  EXPECT_EQ(home.alert().title, "Čtečka 😀 é");
+  phone.install({.name = "Čtečka 😀 é"});
+  phone.openMenu();
+  EXPECT_EQ(phone.alert().title, "Čtečka 😀 é");
 }
 
 TEST_P(ActionMenu, StandsInAWindowJustBelowTheSystemsAlerts) {
-  home.install({});
-  home.openMenu();
-  const auto windows = home.screen().windows;
+  phone.install({});
+  phone.openMenu();
+  const auto windows = phone.screen().windows;
   ASSERT_EQ(windows.size(), 1U);
   EXPECT_EQ(windows[0].level, 1999);
   EXPECT_TRUE(windows[0].key);
@@ -199,94 +199,94 @@ TEST_P(ActionMenu, StandsInAWindowJustBelowTheSystemsAlerts) {
 }
 
 TEST_P(ActionMenu, ReplacesTheWindowOfTheLast) {
-  home.install({});
-  home.openMenu();
-  home->advance(2);
-  home.openMenuInSpite("com.example.notes");
-  const auto windows = home.screen().windows;
+  phone.install({});
+  phone.openMenu();
+  phone.advance(2);
+  phone.openMenuInSpite("com.example.notes");
+  const auto windows = phone.screen().windows;
   ASSERT_EQ(windows.size(), 1U);
   EXPECT_EQ(windows[0].alert->title, "Notes");
 }
 
 TEST_P(ActionMenu, CancelLeavesNothingBehind) {
-  home.install({});
-  home.openMenu();
-  home->tap("Cancel");
-  EXPECT_TRUE(home.screen().windows.empty());
-  home->advance(1);
-  EXPECT_EQ(home.live("UIAlertController"), 0);
-  EXPECT_EQ(home.live("UIAlertAction"), 0);
-  EXPECT_EQ(home.live("UIViewController"), 0);
-  EXPECT_EQ(home.live("blocks"), 0);
+  phone.install({});
+  phone.openMenu();
+  phone.tap("Cancel");
+  EXPECT_TRUE(phone.screen().windows.empty());
+  phone.advance(1);
+  EXPECT_EQ(phone.live("UIAlertController"), 0);
+  EXPECT_EQ(phone.live("UIAlertAction"), 0);
+  EXPECT_EQ(phone.live("UIViewController"), 0);
+  EXPECT_EQ(phone.live("blocks"), 0);
 }
 
 TEST_P(ActionMenu, EveryEntryClosesTheWindowFirst) {
-  prepareForAll(home);
-  home.openMenu();
-  for (const auto& title : home.buttons()) {
-    home->logMessages(true);
-    const auto before = home->calls().size();
-    home->tap(title);
-    auto calls = home->calls();
-    home->logMessages(false);
+  prepareForAll(phone);
+  phone.openMenu();
+  for (const auto& title : phone.buttons()) {
+    phone.logMessages(true);
+    const auto before = phone.calls().size();
+    phone.tap(title);
+    auto calls = phone.calls();
+    phone.logMessages(false);
     calls.erase(calls.begin(), calls.begin() + static_cast<long>(before));
     ASSERT_FALSE(calls.empty()) << title;
     EXPECT_EQ(calls[0].className, "UIWindow") << title;
     EXPECT_EQ(calls[0].selector, "setHidden:") << title;
-    home->advance(2);
-    home->lock();
-    home->unlock().home();
-    home.openMenu();
+    phone.advance(2);
+    phone.lock();
+    phone.unlock().home();
+    phone.openMenu();
   }
 }
 
 TEST_P(ActionMenu, ASecondOneHasToWait) {
-  home.install({});
-  home.openMenu();
-  home->tap("Cancel");
-  home->advance(test::presentation + 0.8 - (test::presentation + test::dismissal) - 0.01);
-  home.openMenu();
-  EXPECT_FALSE(home.showsAlert());
-  home->advance(0.02);
-  home.openMenu();
-  EXPECT_TRUE(home.showsAlert());
+  phone.install({});
+  phone.openMenu();
+  phone.tap("Cancel");
+  phone.advance(test::presentation + 0.8 - (test::presentation + test::dismissal) - 0.01);
+  phone.openMenu();
+  EXPECT_FALSE(phone.showsAlert());
+  phone.advance(0.02);
+  phone.openMenu();
+  EXPECT_TRUE(phone.showsAlert());
 }
 
 TEST_P(ActionMenu, TheWaitBeginsWhenThePresentationEnds) {
-  home.install({});
-  home.openMenu();
-  home->advance(test::presentation + 0.79);
-  home.openMenuInSpite("com.example.notes");
-  EXPECT_EQ(home.alert().title, "Test App");
-  home->advance(0.02);
-  home.openMenuInSpite("com.example.notes");
-  EXPECT_EQ(home.alert().title, "Notes");
+  phone.install({});
+  phone.openMenu();
+  phone.advance(test::presentation + 0.79);
+  phone.openMenuInSpite("com.example.notes");
+  EXPECT_EQ(phone.alert().title, "Test App");
+  phone.advance(0.02);
+  phone.openMenuInSpite("com.example.notes");
+  EXPECT_EQ(phone.alert().title, "Notes");
 }
 
 TEST_P(ActionMenu, NothingHappensWithoutACurrentApplication) {
-  home->perform("showAlertView");
-  EXPECT_FALSE(home.showsAlert());
+  phone.perform("showAlertView");
+  EXPECT_FALSE(phone.showsAlert());
 }
 
 TEST_P(ActionMenu, NothingHappensWhenSwitchedOff) {
-  home.install({});
-  home.swipeUp(app, 0, -0.5);
-  home.settings({"enabled=false"});
-  home->perform("showAlertView");
-  EXPECT_FALSE(home.showsAlert());
+  phone.install({});
+  phone.touch(app);
+  phone.settings({"enabled=false"});
+  phone.perform("showAlertView");
+  EXPECT_FALSE(phone.showsAlert());
 }
 
 TEST_P(ActionMenu, AnApplicationThatIsOnlyBeingInstalledHasNoMenu) {
-  home->startDownload("com.example.placeholder");
-  home.swipeUp("com.example.placeholder");
-  EXPECT_FALSE(home.showsAlert());
+  phone.startDownload("com.example.placeholder");
+  phone.swipeUp("com.example.placeholder");
+  EXPECT_FALSE(phone.showsAlert());
 }
 
 TEST_P(ActionMenu, ATabletShowsAPopoverWithoutArrow) {
-  home.options().tablet = true;
-  home.install({});
-  home.openMenu();
-  const auto popover = home.alert().popover;
+  phone.options().tablet = true;
+  phone.install({});
+  phone.openMenu();
+  const auto popover = phone.alert().popover;
   ASSERT_TRUE(popover);
   EXPECT_TRUE(popover->sourceIsRootView);
   EXPECT_EQ(popover->sourceRect, (sim::Frame{0, 0, 768, 1024}));
@@ -294,13 +294,13 @@ TEST_P(ActionMenu, ATabletShowsAPopoverWithoutArrow) {
 }
 
 TEST_P(ActionMenu, CacheFilesBelowAnyDepthAreCounted) {
-  home.install({});
-  home.addCache(app, "a/b/c/.hidden", 1 << 20);
-  home.addCache(app, "d", 1 << 20);
-  home.openMenu();
+  phone.install({});
+  phone.addCache(app, "a/b/c/.hidden", 1 << 20);
+  phone.addCache(app, "d", 1 << 20);
+  phone.openMenu();
   // Folders count with the size that the file system gives them.
   std::uint64_t total = 0;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(home.container(app) / "Library/Caches")) {
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(phone.container(app) / "Library/Caches")) {
     struct stat info {};
     ASSERT_EQ(lstat(entry.path().c_str(), &info), 0);
     total += static_cast<std::uint64_t>(info.st_size);
@@ -310,15 +310,15 @@ TEST_P(ActionMenu, CacheFilesBelowAnyDepthAreCounted) {
   std::string size = text.data();
   // Where folders are small, what they add is not seen: the title then tells whole megabytes.
   if (size.ends_with(".00")) size = std::to_string(total >> 20);
-  EXPECT_EQ(home.cacheTitle(), "Clear Caches(" + size + " MB)");
+  EXPECT_EQ(phone.cacheTitle(), "Clear Caches(" + size + " MB)");
 }
 
 TEST_P(ActionMenu, WithoutShowSizeTheCacheTitleIsPlain) {
-  home.install({});
-  home.addCache(app, "file", 3 << 20);
-  home.settings({"showSize=false"});
-  home.openMenu();
-  EXPECT_EQ(home.cacheTitle(), "Clear Caches");
+  phone.install({});
+  phone.addCache(app, "file", 3 << 20);
+  phone.settings({"showSize=false"});
+  phone.openMenu();
+  EXPECT_EQ(phone.cacheTitle(), "Clear Caches");
 }
 
 struct CacheTitle {
@@ -330,11 +330,11 @@ class CacheTitles : public testing::TestWithParam<std::tuple<sim::Generation, Ca
 
 TEST_P(CacheTitles, AreWrittenAsMegabytes) {
   const auto& [generation, expected] = GetParam();
-  test::Home home(generation);
-  home.install({});
-  if (expected.bytes > 0) home.addCache(app, "file", expected.bytes);
-  home.openMenu();
-  EXPECT_EQ(home.cacheTitle(), expected.title);
+  test::Phone phone(generation);
+  phone.install({});
+  if (expected.bytes > 0) phone.addCache(app, "file", expected.bytes);
+  phone.openMenu();
+  EXPECT_EQ(phone.cacheTitle(), expected.title);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -353,22 +353,22 @@ INSTANTIATE_TEST_SUITE_P(
                         CacheTitle{5368709120, "Clear Caches(5120 MB)"})));
 
 TEST_P(ActionMenu, AnUnreadableCacheEntryAddsNothing) {
-  home.install({});
-  home.addCache(app, "seen", 1572864);
-  home.addCache(app, "locked/unseen", 1 << 20);
-  const auto locked = home.container(app) / "Library/Caches/locked";
+  phone.install({});
+  phone.addCache(app, "seen", 1572864);
+  phone.addCache(app, "locked/unseen", 1 << 20);
+  const auto locked = phone.container(app) / "Library/Caches/locked";
   std::filesystem::permissions(locked, std::filesystem::perms::none);
-  home.openMenu();
-  EXPECT_EQ(home.cacheTitle().substr(0, 17), "Clear Caches(1.50");
+  phone.openMenu();
+  EXPECT_EQ(phone.cacheTitle().substr(0, 17), "Clear Caches(1.50");
   std::filesystem::permissions(locked, std::filesystem::perms::owner_all);
 }
 
 TEST_P(ActionMenu, SymbolicLinksInCachesAreNotFollowed) {
-  home.install({});
-  const auto caches = home.container(app) / "Library/Caches";
-  home.addCache(app, "file", 1572864);
+  phone.install({});
+  const auto caches = phone.container(app) / "Library/Caches";
+  phone.addCache(app, "file", 1572864);
   std::filesystem::create_symlink(".", caches / "loop");
   std::filesystem::create_symlink("/usr", caches / "away");
-  home.openMenu();
-  EXPECT_EQ(home.cacheTitle().substr(0, 17), "Clear Caches(1.50");
+  phone.openMenu();
+  EXPECT_EQ(phone.cacheTitle().substr(0, 17), "Clear Caches(1.50");
 }

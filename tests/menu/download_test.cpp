@@ -1,5 +1,5 @@
 // The flag that keeps the swipe still while icons are downloading.
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 const std::string app = "com.example.notes";
@@ -7,10 +7,10 @@ const std::string downloading = "com.example.placeholder";
 class Download : public test::Generations {
  protected:
   bool swipeOpens() {
-    home.swipeUp(app);
-    const bool opened = home.showsAlert();
-    if (opened) home->tap("Cancel");
-    home->advance(1);
+    phone.swipeUp(app);
+    const bool opened = phone.showsAlert();
+    if (opened) phone.tap("Cancel");
+    phone.advance(1);
     return opened;
   }
 };
@@ -18,40 +18,40 @@ class Download : public test::Generations {
 INSTANTIATE_TEST_SUITE_P(, Download, test::bothGenerations, test::generationName);
 
 TEST_P(Download, ADownloadThatNobodyAskedAboutChangesNothing) {
-  home->startDownload(downloading);
+  phone.startDownload(downloading);
   EXPECT_TRUE(swipeOpens());
 }
 
 TEST_P(Download, AskingKeepsTheSwipeStill) {
-  home->startDownload(downloading);
-  home->askDownload(downloading);
+  phone.startDownload(downloading);
+  phone.askDownload(downloading);
   EXPECT_FALSE(swipeOpens());
 }
 
 TEST_P(Download, TheFlagComesBeforeEverySetting) {
-  home->startDownload(downloading);
-  home->askDownload(downloading);
-  home->edit(true);
-  home.settings({"useEditing=true", "direction=0"});
+  phone.startDownload(downloading);
+  phone.askDownload(downloading);
+  phone.edit(true);
+  phone.settings({"useEditing=true", "direction=0"});
   EXPECT_FALSE(swipeOpens());
 }
 
 TEST_P(Download, RemovingLowersTheFlagAfterHalfASecond) {
-  home->startDownload(downloading);
-  home->askDownload(downloading);
-  home->removeDownload(downloading);
-  home->advance(0.49);
-  home.swipeUp(app);
-  EXPECT_FALSE(home.showsAlert());
-  home->advance(0.02);
-  home.swipeUp(app);
-  EXPECT_TRUE(home.showsAlert());
+  phone.startDownload(downloading);
+  phone.askDownload(downloading);
+  phone.removeDownload(downloading);
+  phone.advance(0.49);
+  phone.swipeUp(app);
+  EXPECT_FALSE(phone.showsAlert());
+  phone.advance(0.02);
+  phone.swipeUp(app);
+  EXPECT_TRUE(phone.showsAlert());
 }
 
 TEST_P(Download, EverybodyIsToldThatADownloadWasRemoved) {
-  home->startDownload(downloading);
-  home->removeDownload(downloading);
-  const auto calls = home.callsDuring([&] { home->advance(0.6); });
+  phone.startDownload(downloading);
+  phone.removeDownload(downloading);
+  const auto calls = phone.callsDuring([&] { phone.advance(0.6); });
   const auto posted = std::find_if(calls.begin(), calls.end(), [](const auto& call) { return call.kind == "post"; });
   ASSERT_NE(posted, calls.end());
   EXPECT_EQ(posted->selector, "com.morvanel.sprigdial.isdownload");
@@ -60,77 +60,77 @@ TEST_P(Download, EverybodyIsToldThatADownloadWasRemoved) {
 
 // The platform may raise below: what comes before its turn has been done.
 TEST_P(Download, TheFlagIsRaisedBeforeThePlatformAnswers) {
-  home.options().interposed = {"SBDownloadingIcon isDownloadingIcon"};
-  home->startDownload(downloading);
-  home->interpose(home.options().interposed[0], {{"do", "raise"}});
-  EXPECT_TRUE(home->raises("download", {{"what", "ask"}, {"id", downloading}}));
+  phone.options().interposed = {"SBDownloadingIcon isDownloadingIcon"};
+  phone.startDownload(downloading);
+  phone.interpose(phone.options().interposed[0], {{"do", "raise"}});
+  EXPECT_TRUE(phone.raises("download", {{"what", "ask"}, {"id", downloading}}));
   EXPECT_FALSE(swipeOpens());
 }
 
 TEST_P(Download, TheFlagIsLoweredThoughThePlatformBreaksTheRemovalOff) {
-  home.options().interposed = {"SBDownloadingIcon uninstalledByUser"};
-  home->startDownload(downloading);
-  home->askDownload(downloading);
-  home->interpose(home.options().interposed[0], {{"do", "raise"}});
-  EXPECT_TRUE(home->raises("download", {{"what", "remove"}, {"id", downloading}}));
-  home->advance(0.6);
+  phone.options().interposed = {"SBDownloadingIcon uninstalledByUser"};
+  phone.startDownload(downloading);
+  phone.askDownload(downloading);
+  phone.interpose(phone.options().interposed[0], {{"do", "raise"}});
+  EXPECT_TRUE(phone.raises("download", {{"what", "remove"}, {"id", downloading}}));
+  phone.advance(0.6);
   EXPECT_TRUE(swipeOpens());
 }
 
 TEST_P(Download, TimeAloneDoesNotLowerTheFlag) {
-  home->startDownload(downloading);
-  home->askDownload(downloading);
-  home->advance(3600);
+  phone.startDownload(downloading);
+  phone.askDownload(downloading);
+  phone.advance(3600);
   EXPECT_FALSE(swipeOpens());
 }
 
 TEST_P(Download, TheNotificationAloneLowersTheFlag) {
-  home->startDownload(downloading);
-  home->askDownload(downloading);
-  home->post("com.morvanel.sprigdial.isdownload");
+  phone.startDownload(downloading);
+  phone.askDownload(downloading);
+  phone.post("com.morvanel.sprigdial.isdownload");
   EXPECT_TRUE(swipeOpens());
 }
 
 TEST_P(Download, ARespringLowersTheFlag) {
-  home->startDownload(downloading);
-  home->askDownload(downloading);
-  home->respring();
+  phone.startDownload(downloading);
+  phone.askDownload(downloading);
+  phone.respring();
   EXPECT_TRUE(swipeOpens());
 }
 
 TEST_P(Download, OneEnvironmentNeverRaisesTheFlag) {
-  for (const auto* marker : {"substitute", "unc0ver"}) home.device().setMarker(marker, true);
-  home->startDownload(downloading);
-  home->askDownload(downloading);
+  for (const auto* marker : {"substitute", "unc0ver"}) phone.device().setMarker(marker, true);
+  phone.startDownload(downloading);
+  phone.askDownload(downloading);
   EXPECT_TRUE(swipeOpens());
   // The other hooking library beside it tells another environment.
-  home.device().setMarker("substrate", true);
-  home->askDownload(downloading);
+  phone.device().setMarker("substrate", true);
+  phone.askDownload(downloading);
   EXPECT_FALSE(swipeOpens());
 }
 
 TEST_P(Download, ThatEnvironmentLeavesARaisedFlagAsItIs) {
-  home->startDownload(downloading);
-  home->askDownload(downloading);
-  for (const auto* marker : {"substitute", "unc0ver"}) home.device().setMarker(marker, true);
-  home->askDownload(downloading);
+  phone.startDownload(downloading);
+  phone.askDownload(downloading);
+  for (const auto* marker : {"substitute", "unc0ver"}) phone.device().setMarker(marker, true);
+  phone.askDownload(downloading);
   EXPECT_FALSE(swipeOpens());
 }
 
 TEST_P(Download, TheEnvironmentNeedsAllItsMarkers) {
   for (const auto* marker : {"substitute", "unc0ver"}) {
-    test::Home other(GetParam());
+    test::Phone other(GetParam());
     other.device().setMarker(marker, true);
-    other->startDownload(downloading);
-    other->askDownload(downloading);
+    other.startDownload(downloading);
+    other.askDownload(downloading);
     other.swipeUp(app);
     EXPECT_FALSE(other.showsAlert()) << marker;
   }
 }
 
 TEST_P(Download, ThePlatformsAnswerIsKept) {
-  home->startDownload(downloading);
-  home->askDownload(downloading);
-  home->removeDownload(downloading);
-  for (const auto& icon : home.screen().icons) EXPECT_NE(icon.id, downloading);
+  phone.startDownload(downloading);
+  phone.askDownload(downloading);
+  phone.removeDownload(downloading);
+  for (const auto& icon : phone.screen().icons) EXPECT_NE(icon.id, downloading);
 }

@@ -1,5 +1,5 @@
 // Menus and alerts that come and go leave nothing behind.
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -14,11 +14,11 @@ struct Way {
 class NothingLeft : public test::Generations {
  protected:
   void SetUp() override {
-    home.options().clock = 1709820309;  // 2024-03-07 14:05:09
-    home.options().timeZone = "UTC";
-    home.install({});
-    sim::writeFile(home.path("/var/mobile/Documents/Sprigdial/" + app) / "2020-01-01.00_00_00", "");
-    home.settings({"showSize=false"});
+    phone.options().clock = 1709820309;  // 2024-03-07 14:05:09
+    phone.options().timeZone = "UTC";
+    phone.install({});
+    sim::writeFile(phone.path("/var/mobile/Documents/Sprigdial/" + app) / "2020-01-01.00_00_00", "");
+    phone.settings({"showSize=false"});
   }
 
   // The badge's and the label's dialogs change what the screen shows; all others end as they began.
@@ -41,11 +41,11 @@ class NothingLeft : public test::Generations {
   };
 
   void go(const Way& way) {
-    home.openMenu();
-    home->tap(way.entry);
-    home->advance(0.3);  // the renaming dialog comes a little later
-    for (const auto& button : way.buttons) home->tap(button);
-    home->home().advance(1);  // from the file manager, for one
+    phone.openMenu();
+    phone.tap(way.entry);
+    phone.advance(0.3);  // the renaming dialog comes a little later
+    for (const auto& button : way.buttons) phone.tap(button);
+    phone.home().advance(1);  // from the file manager, for one
   }
 };
 
@@ -54,46 +54,46 @@ INSTANTIATE_TEST_SUITE_P(, NothingLeft, test::bothGenerations, test::generationN
 
 TEST_P(NothingLeft, AfterThreeHundredCycles) {
   for (const Way& way : ways) go(way);
-  const auto before = home->live();
+  const auto before = phone.live();
   for (int cycle = 0; cycle < 300; ++cycle) go(ways[static_cast<std::size_t>(cycle) % ways.size()]);
-  EXPECT_EQ(home->live(), before);
-  EXPECT_EQ(home.live("UIAlertController"), 0);
-  EXPECT_EQ(home.live("UIAlertAction"), 0);
-  EXPECT_EQ(home.live("UITextField"), 0);
-  EXPECT_EQ(home.live("RenameIcon"), 0);
+  EXPECT_EQ(phone.live(), before);
+  EXPECT_EQ(phone.live("UIAlertController"), 0);
+  EXPECT_EQ(phone.live("UIAlertAction"), 0);
+  EXPECT_EQ(phone.live("UITextField"), 0);
+  EXPECT_EQ(phone.live("RenameIcon"), 0);
 }
 
 TEST_P(NothingLeft, AfterMenusAndAlertsThatNobodyAnswers) {
   const auto abandon = [&](const Way& way) {
-    home.openMenu();
-    home->tap(way.entry);
-    home->advance(0.3);
-    home->lock();
-    home->unlock();
-    home->home().advance(1);
+    phone.openMenu();
+    phone.tap(way.entry);
+    phone.advance(0.3);
+    phone.lock();
+    phone.unlock();
+    phone.home().advance(1);
   };
   // What the last of them leaves in its slots is the same each time.
   for (const Way& way : ways) abandon(way);
-  const auto before = home->live();
+  const auto before = phone.live();
   for (int round = 0; round < 3; ++round)
     for (const Way& way : ways) abandon(way);
-  EXPECT_EQ(home->live(), before);
-  EXPECT_LE(home.live("UIAlertController"), 1);
-  EXPECT_LE(home.live("RenameIcon"), 1);
+  EXPECT_EQ(phone.live(), before);
+  EXPECT_LE(phone.live("UIAlertController"), 1);
+  EXPECT_LE(phone.live("RenameIcon"), 1);
 }
 
 TEST_P(NothingLeft, AfterAlertsThatReplaceOneAnother) {
-  home.swipeUp(app, 0, -0.5);
+  phone.touch(app);
   const auto replaceAll = [&] {
     for (const auto* alert : {"clearCaches", "resetAppData", "setBadges", "restoreData", "deleteBackUp",
                               "muteNotifications", "showLoadingView", "backUpDataSucces"})
-      home->perform(alert);
-    home->advance(1);
+      phone.perform(alert);
+    phone.advance(1);
   };
   replaceAll();
-  const auto before = home->live();
+  const auto before = phone.live();
   for (int round = 0; round < 30; ++round) replaceAll();
-  EXPECT_EQ(home->live(), before);
-  EXPECT_EQ(home.live("UIAlertController"), 1);
-  EXPECT_EQ(home.screen().windows.size(), 1U);
+  EXPECT_EQ(phone.live(), before);
+  EXPECT_EQ(phone.live("UIAlertController"), 1);
+  EXPECT_EQ(phone.screen().windows.size(), 1U);
 }

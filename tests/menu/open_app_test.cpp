@@ -1,5 +1,5 @@
 // Opening the application as icons are launched.
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 const std::string app = "com.example.test";
@@ -8,11 +8,11 @@ class OpenApp : public test::Generations {};
 INSTANTIATE_TEST_SUITE_P(, OpenApp, test::bothGenerations, test::generationName);
 
 TEST_P(OpenApp, LaunchesWithNothingBeforeTheFirstLaunch) {
-  home.install({});
-  home.openMenu();
-  home->tap("Open App");
-  EXPECT_EQ(home.screen().frontmost, app);
-  const auto launches = home->launches();
+  phone.install({});
+  phone.openMenu();
+  phone.tap("Open App");
+  EXPECT_EQ(phone.screen().frontmost, app);
+  const auto launches = phone.launches();
   ASSERT_EQ(launches.size(), 1U);
   EXPECT_EQ(launches[0].id, app);
   EXPECT_EQ(launches[0].location, "0");
@@ -22,12 +22,12 @@ TEST_P(OpenApp, LaunchesWithNothingBeforeTheFirstLaunch) {
 }
 
 TEST_P(OpenApp, LaunchesAsTheLastIconWasLaunched) {
-  home.install({});
-  home->launch("com.example.notes");
-  home->home();
-  home.openMenu();
-  home->tap("Open App");
-  const auto launches = home->launches();
+  phone.install({});
+  phone.launch("com.example.notes");
+  phone.home();
+  phone.openMenu();
+  phone.tap("Open App");
+  const auto launches = phone.launches();
   ASSERT_EQ(launches.size(), 2U);
   EXPECT_EQ(launches[1].id, app);
   EXPECT_TRUE(launches[1].context);
@@ -40,34 +40,34 @@ TEST_P(OpenApp, AnIconThatGoesWhileItIsLaunchedBringsNothingDown) {
   const std::string method = GetParam() == sim::Generation::old
                                  ? "SBIcon launchFromLocation:context:activationSettings:actions:"
                                  : "SBIcon launchFromLocation:context:";
-  home.options().interposed = {method};
-  home.install({});
-  home->touch(app);
-  std::filesystem::remove_all(home.bundle(app).parent_path());
-  home->interpose(method, {{"do", "perform"}, {"requests", {{{"verb", "rescan"}}}}});
-  home->perform("openApps");
-  EXPECT_EQ(home->launches().size(), 1U);
+  phone.options().interposed = {method};
+  phone.install({});
+  phone.touch(app);
+  std::filesystem::remove_all(phone.bundle(app).parent_path());
+  phone.interpose(method, {{"do", "perform"}, {"requests", {{{"verb", "rescan"}}}}});
+  phone.perform("openApps");
+  EXPECT_EQ(phone.launches().size(), 1U);
 }
 
 TEST_P(OpenApp, WithoutACurrentApplicationDoesNothing) {
-  home->perform("openApps");
-  EXPECT_TRUE(home->launches().empty());
+  phone.perform("openApps");
+  EXPECT_TRUE(phone.launches().empty());
 }
 
 TEST_P(OpenApp, OpensWhatIsCurrentWhenTapped) {
-  home.install({});
-  home.openMenu();
-  home.touchInSpite("com.example.notes");
-  home->tap("Open App");
-  EXPECT_EQ(home->launches().back().id, "com.example.notes");
+  phone.install({});
+  phone.openMenu();
+  phone.touchInSpite("com.example.notes");
+  phone.tap("Open App");
+  EXPECT_EQ(phone.launches().back().id, "com.example.notes");
 }
 
 TEST_P(OpenApp, AnIconThatWentIsNotLaunched) {
-  home.install({});
-  home.openMenu();
-  std::filesystem::remove_all(home.bundle(app).parent_path());
-  home->rescan();
-  home->tap("Open App");
-  EXPECT_TRUE(home->launches().empty());
-  EXPECT_TRUE(home.screen().windows.empty());
+  phone.install({});
+  phone.openMenu();
+  std::filesystem::remove_all(phone.bundle(app).parent_path());
+  phone.rescan();
+  phone.tap("Open App");
+  EXPECT_TRUE(phone.launches().empty());
+  EXPECT_TRUE(phone.screen().windows.empty());
 }

@@ -1,12 +1,12 @@
 // The overlay that stands while something takes its time.
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 const std::string app = "com.example.test";
 class Overlay : public test::Generations {
  protected:
   sim::WindowOnScreen shown() {
-    const auto windows = home.screen().windows;
+    const auto windows = phone.screen().windows;
     if (windows.size() != 1) throw std::runtime_error("one window, and nothing else, was to be shown");
     return windows[0];
   }
@@ -15,7 +15,7 @@ class Overlay : public test::Generations {
 INSTANTIATE_TEST_SUITE_P(, Overlay, test::bothGenerations, test::generationName);
 
 TEST_P(Overlay, IsADimmedWindowAtTheNormalLevel) {
-  home->perform("showLoadingView");
+  phone.perform("showLoadingView");
   const auto window = shown();
   EXPECT_EQ(window.level, 0);
   EXPECT_TRUE(window.key);
@@ -26,7 +26,7 @@ TEST_P(Overlay, IsADimmedWindowAtTheNormalLevel) {
 }
 
 TEST_P(Overlay, HoldsABoxALittleOffTheCentre) {
-  home->perform("showLoadingView");
+  phone.perform("showLoadingView");
   const auto box = shown().views.at(0);
   EXPECT_EQ(box.className, "UIView");
   EXPECT_EQ(box.frame, (sim::Frame{bounds().width * 0.5 - 50, bounds().height * 0.5 - 50, 120, 120}));
@@ -38,7 +38,7 @@ TEST_P(Overlay, HoldsABoxALittleOffTheCentre) {
 }
 
 TEST_P(Overlay, AsksToWait) {
-  home->perform("showLoadingView");
+  phone.perform("showLoadingView");
   const auto label = shown().views.at(0).subviews.at(0);
   EXPECT_EQ(label.className, "UILabel");
   EXPECT_EQ(label.frame, (sim::Frame{10, 90, 90, 14}));
@@ -50,7 +50,7 @@ TEST_P(Overlay, AsksToWait) {
 }
 
 TEST_P(Overlay, Spins) {
-  home->perform("showLoadingView");
+  phone.perform("showLoadingView");
   const auto spinner = shown().views.at(0).subviews.at(1);
   EXPECT_EQ(spinner.className, "UIActivityIndicatorView");
   EXPECT_EQ(spinner.frame, (sim::Frame{20, 20, 80, 80}));
@@ -59,45 +59,45 @@ TEST_P(Overlay, Spins) {
 }
 
 TEST_P(Overlay, FollowsTheScreensSize) {
-  home.options().tablet = true;
-  home->perform("showLoadingView");
+  phone.options().tablet = true;
+  phone.perform("showLoadingView");
   EXPECT_EQ(shown().frame, (sim::Frame{0, 0, 768, 1024}));
   EXPECT_EQ(shown().views.at(0).frame, (sim::Frame{768 * 0.5 - 50, 1024 * 0.5 - 50, 120, 120}));
 }
 
 TEST_P(Overlay, LetsGoOfAnEarlierWindowWithoutHidingIt) {
-  home.install({});
-  home.openMenu();
-  home->advance(1);
-  const long before = home.live("UIWindow");
-  home->logMessages(true);
-  home->perform("showLoadingView");
-  for (const auto& call : home->calls()) EXPECT_NE(call.selector, "setHidden:");
+  phone.install({});
+  phone.openMenu();
+  phone.advance(1);
+  const long before = phone.live("UIWindow");
+  phone.logMessages(true);
+  phone.perform("showLoadingView");
+  for (const auto& call : phone.calls()) EXPECT_NE(call.selector, "setHidden:");
   EXPECT_FALSE(shown().alert);
-  EXPECT_EQ(home.live("UIWindow"), before);
+  EXPECT_EQ(phone.live("UIWindow"), before);
 }
 
 TEST_P(Overlay, StaysUntilTheDeviceIsLocked) {
-  home->perform("showLoadingView");
-  home->advance(3600);
+  phone.perform("showLoadingView");
+  phone.advance(3600);
   shown();
-  home->lock();
-  EXPECT_TRUE(home.screen().windows.empty());
+  phone.lock();
+  EXPECT_TRUE(phone.screen().windows.empty());
 }
 
 TEST_P(Overlay, StaysUntilThePowerDownSliderComesUp) {
-  home->perform("showLoadingView");
-  home->powerDown();
-  EXPECT_TRUE(home.screen().windows.empty());
+  phone.perform("showLoadingView");
+  phone.powerDown();
+  EXPECT_TRUE(phone.screen().windows.empty());
 }
 
 TEST_P(Overlay, TakesTheResultsPlaceAwayWhenDone) {
-  home.install({});
-  home.swipeUp(app, 0, -0.5);
-  home->perform("showLoadingView");
+  phone.install({});
+  phone.touch(app);
+  phone.perform("showLoadingView");
   for (const auto* done : {"backUpDataSucces", "restoreDataSucces", "deleteBackUpSucces"}) {
-    home->perform(done);
+    phone.perform(done);
     EXPECT_EQ(shown().level, 1999);
-    EXPECT_EQ(home.buttons(), std::vector<std::string>{"OK"});
+    EXPECT_EQ(phone.buttons(), std::vector<std::string>{"OK"});
   }
 }

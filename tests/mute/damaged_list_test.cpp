@@ -31,7 +31,7 @@ TEST_P(DamagedMuteList, EntriesOfAnotherKindCountAsAbsent) {
                               Json::binary({1, 2, 3})}) {
     SCOPED_TRACE(sim::PropertyList(entries).readable());
     store(entries);
-    home->respring();
+    phone.respring();
     EXPECT_EQ(reached(), everyPlace);
     EXPECT_EQ(list(), listOf(entries));
     EXPECT_TRUE(sheetOffers("Forever"));
@@ -63,7 +63,7 @@ TEST_P(DamagedMuteList, RecordsThatAreNoDictionariesStayWhereTheyAre) {
   Json expected = odd;
   expected[2]["timeStamp"] = start + 900;
   EXPECT_EQ(list(), listOf(expected));
-  home->advance(2000);
+  phone.advance(2000);
   EXPECT_EQ(reached(), everyPlace);
   EXPECT_EQ(reached(other), nowhere);
   expected.erase(2);
@@ -93,7 +93,7 @@ TEST_P(DamagedMuteList, ATimeThatIsNoTimeHasPassed) {
                            std::string("<string></string>"), std::string("<true/>"), std::string("<false/>")}) {
     SCOPED_TRACE(time);
     storeXml(xmlList(xmlRecord(appId, time) + xmlRecord("<string>kept</string>", "<integer>-1</integer>")));
-    home->respring();
+    phone.respring();
     EXPECT_TRUE(sheetOffers("Forever"));
     EXPECT_EQ(reached(), everyPlace);
     EXPECT_EQ(list(), listOf({forever("kept")}));
@@ -106,7 +106,7 @@ TEST_P(DamagedMuteList, AnyTimeIsReplacedByAChoice) {
         std::string("<real>nan</real>"), std::string("<real>1e300</real>"), std::string("<real>-1e300</real>")}) {
     SCOPED_TRACE(time);
     storeXml(xmlList(xmlRecord(appId, time)));
-    home->respring();
+    phone.respring();
     mute("For 15 Minutes");
     EXPECT_EQ(list(), listOf({record(app, start + 900)}));
     EXPECT_EQ(reached(), nowhere);
@@ -134,17 +134,17 @@ TEST_P(DamagedMuteList, TimesBeyondAnyClockBringNothingDown) {
 TEST_P(DamagedMuteList, AClockBeyond32BitsBringsNothingDown) {
   for (const double clock : {2'147'483'600.0, 4'294'967'200.0, 7e9}) {
     SCOPED_TRACE(clock);
-    test::Home phone(GetParam());
-    phone.options().clock = clock;
-    phone.install({});
+    test::Phone another(GetParam());
+    another.options().clock = clock;
+    another.install({});
     for (const auto* title : {"For 15 Minutes", "For 1 Day"}) {
-      phone->touch(app);
-      phone->perform("muteNotifications");
-      phone->tap(title);
-      phone->notify(app, "hello").notify(other, "hello");
-      phone->advance(100);
+      another.touch(app);
+      another.perform("muteNotifications");
+      another.tap(title);
+      another.notify(app, "hello").notify(other, "hello");
+      another.advance(100);
     }
-    EXPECT_TRUE(sim::PropertyList::read(fileOf(phone)));
+    EXPECT_TRUE(sim::PropertyList::read(fileOf(another)));
   }
 }
 
@@ -170,7 +170,7 @@ TEST_P(DamagedMuteList, AFileThatBrokeOffOrRottedBringsNothingDown) {
       rotten[at] = static_cast<char>(rotten[at] ^ 0x0f);
       for (const std::string& damaged : {content.substr(0, at), rotten}) {
         sim::writeFile(file(), damaged);
-        home->respring();
+        phone.respring();
         openSheet();
         choose("Cancel");
         reached();

@@ -1,7 +1,7 @@
 // The list of muted applications as a file, its sheet, and what notifications come to.
 #pragma once
 
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace test {
 
@@ -31,15 +31,15 @@ class Muting : public Generations {
   static constexpr double later = start + 5000;
 
   void SetUp() override {
-    home.options().clock = start;
-    home.install({});
+    phone.options().clock = start;
+    phone.install({});
   }
 
-  static std::filesystem::path fileOf(Home& phone) {
-    return phone.path("/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist");
+  static std::filesystem::path fileOf(Phone& another) {
+    return another.path("/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist");
   }
   std::filesystem::path file() const {
-    return home.path("/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist");
+    return phone.path("/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist");
   }
   void store(const Json& entries) const { sim::PropertyList(Json{{"entries", entries}}).write(file()); }
   void store(std::initializer_list<Json> all) const { store(records(all)); }
@@ -56,13 +56,13 @@ class Muting : public Generations {
 
   /// Opens the sheet as the menu does.
   void openSheet(const std::string& id = app) {
-    home.touchInSpite(id);
-    home->perform("muteNotifications");
+    phone.touchInSpite(id);
+    phone.perform("muteNotifications");
   }
   /// Taps a button of the sheet. By the clock, its handler runs now.
   void choose(const std::string& title) {
-    const double now = home->now();
-    home->tapLate(title).setClock(now - dismissal).advance(dismissal);
+    const double now = phone.now();
+    phone.tapLate(title).setClock(now - dismissal).advance(dismissal);
   }
   void mute(const std::string& title, const std::string& id = app) {
     openSheet(id);
@@ -70,7 +70,7 @@ class Muting : public Generations {
   }
   bool sheetOffers(const std::string& title, const std::string& id = app) {
     openSheet(id);
-    const bool offered = home.hasButton(title);
+    const bool offered = phone.hasButton(title);
     choose("Cancel");
     return offered;
   }
@@ -78,11 +78,12 @@ class Muting : public Generations {
   /// Lets a notification arrive at these places and tells which of them it came to.
   Places reached(const std::string& id = app, const Places& places = everyPlace) {
     const std::string text = "notification " + std::to_string(++notifications);
-    home.screen();
-    home->notify(id, text, places);
-    const Screen seen = home.screen();
+    const std::size_t before = phone.events().size();
+    phone.notify(id, text, places);
+    const Screen seen = phone.screen();
+    const auto events = phone.events(before);
     const auto happened = [&](const std::string& event) {
-      return std::find(seen.events.begin(), seen.events.end(), event) != seen.events.end();
+      return std::find(events.begin(), events.end(), event) != events.end();
     };
     const auto shown = [&](const std::vector<sim::NotificationOnScreen>& list) {
       return std::any_of(list.begin(), list.end(), [&](const auto& each) { return each.text == text; });

@@ -23,9 +23,9 @@ class MuteListNotLoaded : public test::Muting {
     EXPECT_FALSE(sheetOffers("Unmute"));
     for (const auto* title : {"For 15 Minutes", "Forever"}) {
       openSheet();
-      ASSERT_TRUE(home.hasButton(title));
+      ASSERT_TRUE(phone.hasButton(title));
       choose(title);
-      EXPECT_TRUE(home.screen().windows.empty());
+      EXPECT_TRUE(phone.screen().windows.empty());
       EXPECT_EQ(reached(), everyPlace);
     }
     EXPECT_FALSE(sheetOffers("Unmute"));
@@ -39,7 +39,7 @@ INSTANTIATE_TEST_SUITE_P(, MuteListNotLoaded, test::bothGenerations, test::gener
 
 TEST_P(MuteList, IsMadeEmptyAndReadableByAllWhenMissing) {
   const mode_t before = umask(077);
-  home->screen();
+  phone.screen();
   umask(before);
   EXPECT_EQ(list(), listOf(Json::array()));
   EXPECT_EQ(fs::status(file()).permissions(), fs::perms{0644});
@@ -50,7 +50,7 @@ TEST_P(MuteList, IsLeftAsItIsAtTheStart) {
       "<?xml version='1.0' encoding='UTF-8'?> <plist version='1.0'> <dict><key>entries</key><array/>\n</dict></plist>";
   sim::writeFile(file(), content);
   fs::permissions(file(), fs::perms{0600});
-  home->screen();
+  phone.screen();
   EXPECT_EQ(bytes(), content);
   EXPECT_EQ(fs::status(file()).permissions(), fs::perms{0600});
 }
@@ -113,19 +113,19 @@ TEST_P(MuteList, KeepsEverythingElseThatItWasReadWith) {
 
 TEST_P(MuteList, HoldsIdentifiersOfAnyScript) {
   const std::string id = "com.example.café-日本-😀-<&>";
-  home.install({.id = id});
+  phone.install({.id = id});
   mute("For 1 Day", id);
   EXPECT_EQ(list(), listOf({record(id, start + 86400)}));
   EXPECT_TRUE(holds("<string>com.example.café-日本-😀-&lt;&amp;&gt;</string>"));
-  home->respring();
+  phone.respring();
   EXPECT_EQ(reached(id), nowhere);
   EXPECT_EQ(reached(), everyPlace);
 }
 
 TEST_P(MuteList, IsReadOnceByTheReaderOfMutableDictionaries) {
   const std::string reader = "+NSMutableDictionary dictionaryWithContentsOfFile:";
-  home.options().interposed = {reader};
-  const auto read = [&] { return home->ask("platform").at("interposed").at(reader).get<long>(); };
+  phone.options().interposed = {reader};
+  const auto read = [&] { return phone.ask("platform").at("interposed").at(reader).get<long>(); };
   EXPECT_EQ(read(), 1);
   mute("For 1 Hour");
   reached();
@@ -134,11 +134,11 @@ TEST_P(MuteList, IsReadOnceByTheReaderOfMutableDictionaries) {
 
 TEST_P(MuteList, IsReadOnceThePlatformHasLaunched) {
   const std::string launching = "SpringBoard applicationDidFinishLaunching:";
-  home.options().interposed = {launching};
+  phone.options().interposed = {launching};
   mute("Forever");
   store({forever(other)});
-  home->interpose(launching, {{"do", "raise"}});
-  EXPECT_TRUE(home->raises(
+  phone.interpose(launching, {{"do", "raise"}});
+  EXPECT_TRUE(phone.raises(
       "perform", {{"target", "SpringBoard"}, {"selector", "applicationDidFinishLaunching:"}, {"arguments", {0}}}));
   EXPECT_EQ(reached(app), nowhere);
   EXPECT_EQ(reached(other), everyPlace);
@@ -148,11 +148,11 @@ TEST_P(MuteList, OutlivesARespring) {
   mute("For 15 Minutes");
   mute("Forever", other);
   const std::string before = bytes();
-  home->respring();
+  phone.respring();
   EXPECT_EQ(bytes(), before);
   EXPECT_EQ(reached(), nowhere);
   EXPECT_EQ(reached(other), nowhere);
-  home->advance(2 * 86400.0).respring();
+  phone.advance(2 * 86400.0).respring();
   EXPECT_EQ(reached(), everyPlace);
   EXPECT_EQ(reached(other), nowhere);
   EXPECT_EQ(list(), listOf({forever(other)}));
@@ -162,10 +162,10 @@ TEST_P(MuteList, ATimedChoiceForAMutedApplicationStartsItsRecordAnew) {
   store({forever(app), forever(other)});
   mute("For 15 Minutes");
   EXPECT_EQ(list(), listOf({forever(other), record(app, start + 900)}));
-  home->advance(100);
+  phone.advance(100);
   mute("For 1 Hour");
   EXPECT_EQ(list(), listOf({forever(other), record(app, start + 3700)}));
-  home->advance(3600);
+  phone.advance(3600);
   EXPECT_EQ(reached(), everyPlace);
 }
 
@@ -173,7 +173,7 @@ TEST_P(MuteList, ARecordThatRanOutIsTimedAgainInItsPlace) {
   store({record(app, start - 100), forever(other)});
   mute("For 15 Minutes");
   EXPECT_EQ(list(), listOf({record(app, start + 900), forever(other)}));
-  home->advance(1000);
+  phone.advance(1000);
   mute("Forever");
   EXPECT_EQ(list(), listOf({forever(app), forever(other)}));
 }
@@ -198,7 +198,7 @@ TEST_P(MuteList, ADurationTimesEveryRecordOfTheApplication) {
   store({record(app, 5), forever(other), record(app, 6.5)});
   mute("For 1 Hour");
   EXPECT_EQ(list(), listOf({record(app, start + 3600), forever(other), record(app, start + 3600)}));
-  home->advance(4000);
+  phone.advance(4000);
   mute("Forever");
   EXPECT_EQ(list(), listOf({forever(app), forever(other), forever(app)}));
 }
@@ -212,7 +212,7 @@ TEST_P(MuteList, ATimedChoiceDropsOnlyTheLastRecordOfSeveral) {
 TEST_P(MuteList, IsWrittenAlsoWhenNothingChanged) {
   store({record(app, start + 10), forever(other)});
   openSheet();
-  home->advance(20);
+  phone.advance(20);
   ASSERT_EQ(reached("com.example.chess"), everyPlace);
   ASSERT_EQ(list(), listOf({forever(other)}));
   fs::remove(file());
@@ -222,7 +222,7 @@ TEST_P(MuteList, IsWrittenAlsoWhenNothingChanged) {
 
 TEST_P(MuteList, OverwritesAChangeFromOutside) {
   store({forever(app)});
-  home->screen();
+  phone.screen();
   store({forever(other)});
   EXPECT_EQ(reached(other), everyPlace);
   EXPECT_EQ(list(), listOf({forever(app)}));
@@ -232,7 +232,7 @@ TEST_P(MuteList, OverwritesAChangeFromOutside) {
 }
 
 TEST_P(MuteList, StaysInForceWhenItCannotBeWritten) {
-  home->screen();
+  phone.screen();
   const std::string before = bytes();
   fs::permissions(file().parent_path(), fs::perms{0555});
   mute("Forever");
@@ -256,7 +256,7 @@ TEST_P(MuteListNotLoaded, WhenTheFileHoldsNoDictionary) {
   for (const std::string& content : contents) {
     SCOPED_TRACE(content);
     sim::writeFile(file(), content);
-    home->respring();
+    phone.respring();
     expectNothingIsMuted();
     EXPECT_EQ(bytes(), content);
   }
@@ -288,19 +288,19 @@ TEST_P(MuteListNotLoaded, WhenItCouldNotBeMade) {
 
 TEST_P(MuteListNotLoaded, UntilTheNextStartFindsIt) {
   sim::writeFile(file(), "nonsense");
-  home->screen();
+  phone.screen();
   store({forever(app)});
   expectNothingIsMuted();
   EXPECT_EQ(list(), listOf({forever(app)}));
-  home->respring();
+  phone.respring();
   EXPECT_EQ(reached(), nowhere);
 }
 
 TEST_P(MutePruning, TakesARecordOutWhenItsTimeHasPassed) {
   mute("For 15 Minutes");
-  home->advance(899.5);
+  phone.advance(899.5);
   EXPECT_EQ(reached(), nowhere);
-  home->advance(10);
+  phone.advance(10);
   ASSERT_EQ(list(), listOf({record(app, start + 900)}));
   EXPECT_EQ(reached(), everyPlace);
   EXPECT_EQ(list(), listOf(Json::array()));
@@ -308,14 +308,14 @@ TEST_P(MutePruning, TakesARecordOutWhenItsTimeHasPassed) {
 
 TEST_P(MutePruning, WaitsForTheSecondAfterTheEnd) {
   store({record(app, 1'700'000'010.75)});
-  home->advance(9.5);  // …009.75
+  phone.advance(9.5);  // …009.75
   EXPECT_EQ(reached(), nowhere);
-  home->advance(0.25);  // …010
+  phone.advance(0.25);  // …010
   EXPECT_EQ(reached(), everyPlace);
-  home->advance(0.875);  // …010.875
+  phone.advance(0.875);  // …010.875
   EXPECT_EQ(reached(), everyPlace);
   EXPECT_EQ(list(), listOf({record(app, 1'700'000'010.75)}));
-  home->advance(0.125);  // …011
+  phone.advance(0.125);  // …011
   EXPECT_EQ(reached(), everyPlace);
   EXPECT_EQ(list(), listOf(Json::array()));
 }
@@ -325,7 +325,7 @@ TEST_P(MutePruning, IsDoneByEveryKindOfNotificationOfAnyApplication) {
     for (const auto& place : everyPlace) {
       SCOPED_TRACE(place);
       store({record("gone", start - 2), record(app, start - 1), record("there", later), forever("kept")});
-      home->respring();
+      phone.respring();
       EXPECT_EQ(reached(id, {place}), test::Places{place});
       EXPECT_EQ(list(), listOf({record("there", later), forever("kept")}));
     }
@@ -340,7 +340,7 @@ TEST_P(MutePruning, IsDoneByNotificationsThatAreKeptAway) {
 
 TEST_P(MutePruning, WritesTheListAlsoWhenNothingRanOut) {
   store({forever(app), record(other, later)});
-  home->screen();
+  phone.screen();
   for (const std::string& id : {app, other, std::string("com.example.chess")}) {
     for (const auto& place : everyPlace) {
       fs::remove(file());
@@ -352,7 +352,7 @@ TEST_P(MutePruning, WritesTheListAlsoWhenNothingRanOut) {
 
 TEST_P(MutePruning, IsNotDoneByTheSheet) {
   store({record(app, start - 2), record(other, start - 2)});
-  home->screen();
+  phone.screen();
   fs::remove(file());
   openSheet();
   EXPECT_FALSE(fs::exists(file()));
@@ -368,7 +368,7 @@ TEST_P(MutePruning, ReadsATimeThatIsATextByItsNumber) {
   EXPECT_EQ(reached(other), nowhere);
   EXPECT_TRUE(sheetOffers("Unmute"));
   store({record(app, "1600000000")});
-  home->respring();
+  phone.respring();
   EXPECT_EQ(reached(app), everyPlace);
 }
 
@@ -385,7 +385,7 @@ TEST_P(MutePruning, ReadsTimesAsWholeNumbersOf32Bits) {
   for (const Json& endless : {Json(-1.0), Json(-1.75), Json(wrap - 1), Json(wrap + 1'700'005'000)}) {
     SCOPED_TRACE(endless);
     store({record(app, endless)});
-    home->respring();
+    phone.respring();
     EXPECT_TRUE(sheetOffers("Unmute"));
     EXPECT_EQ(reached(), nowhere);
     EXPECT_EQ(list(), listOf({record(app, endless)}));
@@ -393,7 +393,7 @@ TEST_P(MutePruning, ReadsTimesAsWholeNumbersOf32Bits) {
   for (const Json& passed : {Json(-2), Json(-0.75), Json(0), Json(wrap / 2), Json(wrap + 5)}) {
     SCOPED_TRACE(passed);
     store({record(app, passed)});
-    home->respring();
+    phone.respring();
     EXPECT_TRUE(sheetOffers("Forever"));
     EXPECT_EQ(reached(), everyPlace);
     EXPECT_EQ(list(), listOf(Json::array()));
@@ -402,9 +402,9 @@ TEST_P(MutePruning, ReadsTimesAsWholeNumbersOf32Bits) {
 
 TEST_P(MutePruning, KnowsTimesUpToTheLastThatFitsIn32Bits) {
   store({record(app, 2'147'483'647)});
-  home.options().clock = 2'147'483'646.5;
+  phone.options().clock = 2'147'483'646.5;
   EXPECT_EQ(reached(), nowhere);
-  home->advance(0.5);
+  phone.advance(0.5);
   EXPECT_EQ(reached(), everyPlace);
   EXPECT_EQ(list(), listOf({record(app, 2'147'483'647)}));
 }

@@ -28,9 +28,9 @@ class MuteSheet : public test::Muting {
 INSTANTIATE_TEST_SUITE_P(, MuteSheet, test::bothGenerations, test::generationName);
 
 TEST_P(MuteSheet, OpensFromTheMenuForItsApplication) {
-  home.openMenu();
-  home->tap("Mute Notification");
-  const auto sheet = home.alert();
+  phone.openMenu();
+  phone.tap("Mute Notification");
+  const auto sheet = phone.alert();
   EXPECT_EQ(sheet.style, "action sheet");
   EXPECT_EQ(sheet.title, "Mute Notifications");
   EXPECT_EQ(sheet.message, app);
@@ -43,18 +43,18 @@ TEST_P(MuteSheet, OffersAMutedApplicationToUnmute) {
   store({forever(app), record(other, later)});
   for (const std::string& id : {app, other}) {
     openSheet(id);
-    EXPECT_EQ(home.alert().message, id);
-    EXPECT_EQ(home.buttons(), titlesWith("Unmute"));
-    for (const auto& button : home.alert().buttons)
+    EXPECT_EQ(phone.alert().message, id);
+    EXPECT_EQ(phone.buttons(), titlesWith("Unmute"));
+    for (const auto& button : phone.alert().buttons)
       EXPECT_EQ(button.style, button.title == "Cancel" ? "cancel" : "default");
   }
   openSheet("com.example.chess");
-  EXPECT_EQ(home.buttons(), titlesWith("Forever"));
+  EXPECT_EQ(phone.buttons(), titlesWith("Forever"));
 }
 
 TEST_P(MuteSheet, FillsAWindowJustBelowTheSystemsAlerts) {
   openSheet();
-  const auto windows = home.screen().windows;
+  const auto windows = phone.screen().windows;
   ASSERT_EQ(windows.size(), 1U);
   EXPECT_EQ(windows[0].level, 1999);
   EXPECT_TRUE(windows[0].key);
@@ -63,15 +63,15 @@ TEST_P(MuteSheet, FillsAWindowJustBelowTheSystemsAlerts) {
 }
 
 TEST_P(MuteSheet, TakesTheWindowOfWhatIsShown) {
-  home->touch(app);
-  home->perform("setBadges");
-  ASSERT_EQ(home.alert().title, "Set Custom Badge");
+  phone.touch(app);
+  phone.perform("setBadges");
+  ASSERT_EQ(phone.alert().title, "Set Custom Badge");
   openSheet();
-  EXPECT_EQ(home.alert().title, "Mute Notifications");
+  EXPECT_EQ(phone.alert().title, "Mute Notifications");
   openSheet(other);
-  EXPECT_EQ(home.alert().message, other);
-  EXPECT_EQ(home.screen().windows.size(), 1U);
-  EXPECT_EQ(home.live("UIWindow"), 1);
+  EXPECT_EQ(phone.alert().message, other);
+  EXPECT_EQ(phone.screen().windows.size(), 1U);
+  EXPECT_EQ(phone.live("UIWindow"), 1);
 }
 
 TEST_P(MuteSheet, IsGoneAfterAnyButton) {
@@ -79,14 +79,14 @@ TEST_P(MuteSheet, IsGoneAfterAnyButton) {
   titles.insert(titles.end(), {"Unmute", "Forever", "Cancel"});
   for (const auto& title : titles) {
     mute(title);
-    EXPECT_TRUE(home.screen().windows.empty()) << title;
-    EXPECT_EQ(home.live("UIWindow"), 0) << title;
+    EXPECT_TRUE(phone.screen().windows.empty()) << title;
+    EXPECT_EQ(phone.live("UIWindow"), 0) << title;
   }
 }
 
 TEST_P(MuteSheet, CancelChangesNothing) {
   store({forever(app)});
-  home->screen();
+  phone.screen();
   std::filesystem::remove(file());
   mute("Cancel");
   mute("Cancel", other);
@@ -97,16 +97,16 @@ TEST_P(MuteSheet, CancelChangesNothing) {
 
 TEST_P(MuteSheet, AChoiceIsForTheApplicationThatItWasOpenedFor) {
   openSheet();
-  home.touchInSpite(other);
+  phone.touchInSpite(other);
   choose("Forever");
   EXPECT_EQ(list(), listOf({forever(app)}));
 }
 
 TEST_P(MuteSheet, CountsTheTimeUpToTheWholeSecondOfTheEnd) {
   store({record(app, 1'700'000'010.75)});
-  home->advance(9.5);  // …009.75
+  phone.advance(9.5);  // …009.75
   EXPECT_TRUE(sheetOffers("Unmute"));
-  home->advance(0.25);  // …010
+  phone.advance(0.25);  // …010
   EXPECT_TRUE(sheetOffers("Forever"));
 }
 
@@ -114,17 +114,17 @@ TEST_P(MuteSheet, TellsMutedByAnyRecordOfTheApplication) {
   store({record(app, start - 100), record(other, later), record(app, later)});
   EXPECT_TRUE(sheetOffers("Unmute"));
   store({record(app, start - 100), forever(other), record(app, start - 1)});
-  home->respring();
+  phone.respring();
   EXPECT_TRUE(sheetOffers("Forever"));
 }
 
 TEST_P(MuteSheet, KeepsItsButtonsWhenTheRecordIsPruned) {
   store({record(app, start + 10)});
   openSheet();
-  home->advance(60);
+  phone.advance(60);
   ASSERT_EQ(reached(), everyPlace);
   ASSERT_EQ(list(), listOf(Json::array()));
-  EXPECT_EQ(home.buttons(), titlesWith("Unmute"));
+  EXPECT_EQ(phone.buttons(), titlesWith("Unmute"));
   choose("For 15 Minutes");
   EXPECT_EQ(list(), listOf({record(app, start + 960)}));
 }
@@ -132,7 +132,7 @@ TEST_P(MuteSheet, KeepsItsButtonsWhenTheRecordIsPruned) {
 TEST_P(MuteSheet, KeepsToWhatItSawWhenTheMutingRunsOut) {
   store({record(app, start + 10), forever(other)});
   openSheet();
-  home->advance(60);
+  phone.advance(60);
   choose("For 15 Minutes");
   EXPECT_EQ(list(), listOf({forever(other), record(app, start + 960)}));
 }
@@ -140,33 +140,33 @@ TEST_P(MuteSheet, KeepsToWhatItSawWhenTheMutingRunsOut) {
 TEST_P(MuteSheet, NothingIsToldAfterAChoice) {
   for (const auto* title : {"For 15 Minutes", "Unmute", "Forever"}) {
     mute(title);
-    home->advance(1);
-    EXPECT_FALSE(home.showsAlert()) << title;
+    phone.advance(1);
+    EXPECT_FALSE(phone.showsAlert()) << title;
   }
 }
 
 TEST_P(MuteSheet, OpensWithTheMasterSwitchOff) {
-  home->touch(app);
-  home.settings({"enabled=false"});
-  home->perform("muteNotifications");
+  phone.touch(app);
+  phone.settings({"enabled=false"});
+  phone.perform("muteNotifications");
   choose("Forever");
   EXPECT_EQ(list(), listOf({forever(app)}));
 }
 
 TEST_P(MuteSheet, WithoutACurrentApplicationDoesNotOpen) {
-  home->perform("muteNotifications");
-  EXPECT_TRUE(home.screen().windows.empty());
+  phone.perform("muteNotifications");
+  EXPECT_TRUE(phone.screen().windows.empty());
 }
 
 TEST_P(MuteSheet, OnATabletIsAPopoverOverTheWholeWindow) {
-  home.options().tablet = true;
+  phone.options().tablet = true;
   openSheet();
-  const auto popover = home.alert().popover;
+  const auto popover = phone.alert().popover;
   ASSERT_TRUE(popover);
   EXPECT_TRUE(popover->sourceIsRootView);
   EXPECT_EQ(popover->sourceRect, (sim::Frame{0, 0, 768, 1024}));
   EXPECT_EQ(popover->arrowDirections, 0U);
-  EXPECT_EQ(home.screen().windows[0].frame, (sim::Frame{0, 0, 768, 1024}));
+  EXPECT_EQ(phone.screen().windows[0].frame, (sim::Frame{0, 0, 768, 1024}));
   choose("Forever");
   EXPECT_EQ(list(), listOf({forever(app)}));
 }
@@ -176,10 +176,10 @@ class MuteSheetOld : public test::OldGeneration {};
 }  // namespace
 
 TEST_F(MuteSheetOld, KnowsPopoversFromTheirFirstVersionOn) {
-  home.options().coreVersion = 1240.1;
-  home.options().tablet = true;
-  home.install({});
-  home->touch(app);
-  home->perform("muteNotifications");
-  EXPECT_TRUE(home.alert().popover->sourceIsRootView);
+  phone.options().coreVersion = 1240.1;
+  phone.options().tablet = true;
+  phone.install({});
+  phone.touch(app);
+  phone.perform("muteNotifications");
+  EXPECT_TRUE(phone.alert().popover->sourceIsRootView);
 }

@@ -15,12 +15,12 @@ using test::record;
 
 class MuteSuppression : public test::Muting {
  protected:
-  void chooseWhere(const std::string& disableType) { home.settings({"disableType=" + disableType}); }
+  void chooseWhere(const std::string& disableType) { phone.settings({"disableType=" + disableType}); }
 };
 class MuteSuppressionOld : public test::Muting {
  protected:
-  Json posted() { return home->ask("platform").at("posted"); }
-  Json completed() { return home->ask("platform").at("completedBanners"); }
+  Json posted() { return phone.ask("notifications").at("entries"); }
+  Json completed() { return phone.ask("platform").at("completedBanners"); }
 };
 
 struct Way {
@@ -61,7 +61,7 @@ TEST_P(MuteSuppression, LooksAtTheListOnlyForThePlacesOfTheSetting) {
     for (const auto& place : everyPlace) {
       SCOPED_TRACE(place);
       store({record(other, start - 100), forever(app)});
-      home->respring();
+      phone.respring();
       sim::writeFile(file(), "changed from outside");
       const bool let = std::find(way.let.begin(), way.let.end(), place) != way.let.end();
       reached(app, {place});
@@ -76,22 +76,22 @@ TEST_P(MuteSuppression, LooksAtTheListOnlyForThePlacesOfTheSetting) {
 
 TEST_P(MuteSuppression, DoesNotDependOnTheMasterSwitch) {
   store({forever(app), record(other, start - 1)});
-  home.settings({"enabled=false"});
+  phone.settings({"enabled=false"});
   EXPECT_EQ(reached(), nowhere);
   EXPECT_EQ(list(), listOf({forever(app)}));
   EXPECT_EQ(reached(other), everyPlace);
-  home.settings({"disableType=0"});
+  phone.settings({"disableType=0"});
   EXPECT_EQ(reached(), (Places{"screen", "sound", "lock screen"}));
 }
 
 TEST_P(MuteSuppression, DoesNotWakeTheScreenOfALockedPhone) {
   store({forever(app)});
-  home->lock();
-  ASSERT_FALSE(home.screen().on);
+  phone.lock();
+  ASSERT_FALSE(phone.screen().on);
   reached();
-  EXPECT_FALSE(home.screen().on);
+  EXPECT_FALSE(phone.screen().on);
   reached(other);
-  EXPECT_TRUE(home.screen().on);
+  EXPECT_TRUE(phone.screen().on);
 }
 
 TEST_P(MuteSuppression, BeginsWithTheChoiceAndEndsWithTheNext) {
@@ -104,9 +104,9 @@ TEST_P(MuteSuppression, BeginsWithTheChoiceAndEndsWithTheNext) {
   EXPECT_EQ(reached(), nowhere);
   mute("For 1 Hour");
   EXPECT_EQ(reached(), nowhere);
-  home->advance(3599);
+  phone.advance(3599);
   EXPECT_EQ(reached(), nowhere);
-  home->advance(1);
+  phone.advance(1);
   EXPECT_EQ(reached(), everyPlace);
 }
 
@@ -123,7 +123,7 @@ TEST_P(MuteSuppression, TellsMutedByAnyRecordOfTheApplication) {
 
 TEST_P(MuteSuppressionOld, HandsEverythingOnUnchanged) {
   for (const bool modal : {false, true}) {
-    home->ask("notify", {{"id", other}, {"text", modal ? "second" : "first"}, {"modal", modal}});
+    phone.ask("notify", {{"id", other}, {"text", modal ? "second" : "first"}, {"modal", int{modal}}});
   }
   const auto lockScreen = [](const char* text) {
     return Json{{"place", "lock screen"},
@@ -145,8 +145,8 @@ TEST_P(MuteSuppressionOld, HandsEverythingOnUnchanged) {
 
 TEST_P(MuteSuppressionOld, HandsEverythingOnUnchangedWithTheListLeftAlone) {
   store({forever(app)});
-  home.settings({"disableType=1"});
-  home->ask("notify", {{"id", app}, {"text", "hello"}, {"modal", true}});
+  phone.settings({"disableType=1"});
+  phone.ask("notify", {{"id", app}, {"text", "hello"}, {"modal", 1}});
   ASSERT_EQ(posted().size(), 1U);
   EXPECT_EQ(posted()[0].at("place"), "banner");
   EXPECT_EQ(posted()[0].at("coalesced"), "notifications of " + app);
@@ -157,7 +157,7 @@ TEST_P(MuteSuppressionOld, HandsEverythingOnUnchangedWithTheListLeftAlone) {
 
 TEST_P(MuteSuppressionOld, ADroppedBannerIsNeverCompleted) {
   store({forever(app)});
-  home->notify(app, "dropped").notify(other, "shown").notify(app, "dropped, too");
-  home->advance(60);
+  phone.notify(app, "dropped").notify(other, "shown").notify(app, "dropped, too");
+  phone.advance(60);
   EXPECT_EQ(completed(), Json{"shown"});
 }

@@ -26,16 +26,16 @@ class WholeMuteList : public test::Muting {
     mute("Unmute");
     without = bytes();
     ASSERT_NE(with, without);
-    home->shutDown();
+    phone.shutDown();
   }
 
   /// Boots on what the last cut left, asks for the other list and cuts.
   template <class Cut>
   void cutAgainAndAgain(Cut cut) {
     for (int i = 0; i < cuts; ++i) {
-      sim::HomeScreen phone(home.options());
-      phone.touch(app).perform("muteNotifications");
-      cut(phone, bytes() == with ? "Unmute" : "Forever");
+      sim::Phone another(phone.options());
+      another.touch(app).perform("muteNotifications");
+      cut(another, bytes() == with ? "Unmute" : "Forever");
       const std::string left = bytes();
       ASSERT_TRUE(left == with || left == without) << "cut " << i << " left " << left.size() << " bytes";
     }
@@ -50,13 +50,13 @@ class WholeMuteList : public test::Muting {
 INSTANTIATE_TEST_SUITE_P(, WholeMuteList, test::bothGenerations, test::generationName);
 
 TEST_P(WholeMuteList, WhenThePowerFailsAtAnyMomentOfAChoice) {
-  cutAgainAndAgain([&](sim::HomeScreen& phone, const std::string& title) {
-    power.duringChange(phone, "tap", {{"title", title}}, duration);
+  cutAgainAndAgain([&](sim::Phone& another, const std::string& title) {
+    power.duringChange(another, "tap", {{"title", title}}, duration);
   });
 }
 
 TEST_P(WholeMuteList, WhenThePowerFailsWhileTheFileIsWritten) {
-  cutAgainAndAgain([&](sim::HomeScreen& phone, const std::string& title) {
-    ASSERT_TRUE(power.duringWrite(phone, "tap", {{"title", title}}));
+  cutAgainAndAgain([&](sim::Phone& another, const std::string& title) {
+    ASSERT_TRUE(power.duringWrite(another, "tap", {{"title", title}}));
   });
 }

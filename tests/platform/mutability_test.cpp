@@ -1,5 +1,5 @@
 // What the readers of collections give can be changed as far as on a phone, and no further.
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 

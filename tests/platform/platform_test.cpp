@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tests/support/home.hpp"
+#include "tests/support/command.hpp"
+#include "tests/support/phone.hpp"
+#include "tests/support/places.hpp"
 
 namespace {
 
@@ -68,25 +70,28 @@ TEST_F(Platform, AHookWithoutAMethodIsLogged) {
 }
 
 TEST_F(MissingHooks, OfAnotherGenerationAreTold) {
-  home.options().coreVersion = 1665.15;
+  phone.options().coreVersion = 1665.15;
   std::vector<std::string> missing;
-  for (const auto& call : home->calls())
+  for (const auto& call : phone.calls())
     if (call.kind == "missing") missing.push_back(call.className + " " + call.selector);
   EXPECT_NE(std::find(missing.begin(), missing.end(), "nil postNotificationRequest:"), missing.end());
-  EXPECT_NE(home->output().find("SpringBoard: nothing to hook: nil postNotificationRequest:\n"), std::string::npos)
-      << home->output();
+  EXPECT_NE(phone.output().find("SpringBoard: nothing to hook: nil postNotificationRequest:\n"), std::string::npos)
+      << phone.output();
 }
 
 TEST(ImpossibleClock, IsRefusedByTheProcessInOneLine) {
+  for (const std::string seconds : {"1e30", "1e19", "9e9", "-1", "nan"}) {
+    const auto lines = linesOf(std::string(test::buildFolder) + "/SpringBoard --generation old --clock " + seconds +
+                               " 2>&1; echo status $?");
+    ASSERT_EQ(lines.size(), 2U) << seconds;
+    EXPECT_TRUE(lines[0].starts_with("SpringBoard: ")) << lines[0];
+    EXPECT_EQ(lines[1], "status 2");
+  }
+}
+
+TEST(ImpossibleClock, IsRefusedByThePhoneBeforeAnythingStarts) {
   for (const double seconds : {1e30, 1e19, 9e9, -1.0, std::nan("")}) {
-    test::Home home(sim::Generation::old, {.clock = seconds});
-    try {
-      home.screen();
-      FAIL() << seconds;
-    } catch (const sim::HomeScreenDied& death) {
-      const std::string told = std::string(death.what()).substr(std::string(death.what()).find('\n') + 1);
-      EXPECT_TRUE(told.starts_with("SpringBoard: ")) << told;
-      EXPECT_EQ(told.find('\n'), told.size() - 1) << told;
-    }
+    test::Phone phone(sim::Generation::old, {.clock = seconds});
+    EXPECT_THROW(phone.screen(), sim::BadInput) << seconds;
   }
 }

@@ -1,5 +1,5 @@
 // What the platform writes into property lists, another reader finds there, and the other way round.
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 

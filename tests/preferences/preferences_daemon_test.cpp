@@ -2,7 +2,7 @@
 #include <set>
 #include <sstream>
 
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -15,16 +15,16 @@ constexpr double delay = 10;
 
 class Preferences : public test::Generations {
  protected:
-  void SetUp() override { home.install({}); }
+  void SetUp() override { phone.install({}); }
   void TearDown() override {
     // What was locked has to be removed at the end.
     fs::permissions(folder(), fs::perms::owner_all);
   }
-  fs::path folder() const { return home.settingsFile().parent_path(); }
-  std::string label() { return home.icon(app).label; }
+  fs::path folder() const { return phone.settingsFile().parent_path(); }
+  std::string label() { return phone.icon(app).label; }
   /// What the file holds, in the order of the keys: the daemon writes them as they come.
   std::string file() const {
-    const auto content = sim::PropertyList::read(home.settingsFile());
+    const auto content = sim::PropertyList::read(phone.settingsFile());
     return content ? inOrder(content->readable()) : "none";
   }
   static std::string inOrder(const std::string& list) {
@@ -38,19 +38,19 @@ class Preferences : public test::Generations {
     return ordered;
   }
   std::string held() {
-    const auto values = home->preferences(domain);
+    const auto values = phone.preferences(domain);
     return values ? values->readable() : "none";
   }
   /// The add-on writes XML, the daemon binary.
-  bool theDaemonWroteLast() const { return sim::readFile(home.settingsFile()).value_or("").starts_with("bplist00"); }
+  bool theDaemonWroteLast() const { return sim::readFile(phone.settingsFile()).value_or("").starts_with("bplist00"); }
   static bool has(const std::string& list, const std::string& key, const std::string& value) {
     return list.find("\"" + key + "\": " + value + "\n") != std::string::npos;
   }
   bool opensAMenu() {
-    home->advance(1);
-    home.openMenu(other);
-    if (!home.showsAlert()) return false;
-    home->tap("Cancel").advance(1);
+    phone.advance(1);
+    phone.openMenu(other);
+    if (!phone.showsAlert()) return false;
+    phone.tap("Cancel").advance(1);
     return true;
   }
 };
@@ -61,20 +61,20 @@ INSTANTIATE_TEST_SUITE_P(, Preferences, test::bothGenerations, test::generationN
 // When the daemon reads and writes
 
 TEST_P(Preferences, AreReadAtTheirFirstUseAndWrittenAWhileAfterTheFirstChange) {
-  home.settings({"disableType=0"});
+  phone.settings({"disableType=0"});
   EXPECT_EQ(held(), "none");
-  home.rename(app, "One");
+  phone.rename(app, "One");
   EXPECT_EQ(held(), "{\n  \"com.example.test\": \"One\"\n  \"disableType\": 0\n}");
-  home->advance(delay / 2);
-  home.rename(other, "Two");
-  home->advance(delay / 2 - 4);
+  phone.advance(delay / 2);
+  phone.rename(other, "Two");
+  phone.advance(delay / 2 - 4);
   EXPECT_FALSE(theDaemonWroteLast());
-  home->advance(4);
+  phone.advance(4);
   EXPECT_TRUE(theDaemonWroteLast());
   EXPECT_EQ(file(), "{\n  \"com.example.notes\": \"Two\"\n  \"com.example.test\": \"One\"\n  \"disableType\": 0\n}");
-  const auto written = fs::last_write_time(home.settingsFile());
-  home->advance(10 * delay).flush();
-  EXPECT_EQ(fs::last_write_time(home.settingsFile()), written) << "nothing has changed since";
+  const auto written = fs::last_write_time(phone.settingsFile());
+  phone.advance(10 * delay).flush();
+  EXPECT_EQ(fs::last_write_time(phone.settingsFile()), written) << "nothing has changed since";
 }
 
 TEST_P(Preferences, OfEveryKindAreWrittenAsTheyWereRead) {
@@ -85,10 +85,10 @@ TEST_P(Preferences, OfEveryKindAreWrittenAsTheyWereRead) {
       "<key>byte</key><integer>255</integer><key>minus</key><integer>-1</integer>"
       "<key>list</key><array><true/><false/><real>0.1</real><string/><array/><dict/></array>"
       "<key>kéy 🗝</key><string>e\u0301 👩‍👩‍👧‍👦 \U00010000 שלום</string></dict></plist>\n";
-  sim::writeFile(home.settingsFile(), kinds);
-  home.rename(app, "One");
+  sim::writeFile(phone.settingsFile(), kinds);
+  phone.rename(app, "One");
   const std::string before = file();
-  home->flush();
+  phone.flush();
   EXPECT_TRUE(theDaemonWroteLast());
   EXPECT_EQ(file(), before);
   EXPECT_TRUE(has(before, app, "\"One\""));
@@ -96,25 +96,25 @@ TEST_P(Preferences, OfEveryKindAreWrittenAsTheyWereRead) {
 }
 
 TEST_P(Preferences, AreWrittenIntoANewFileForItsOwnerAlone) {
-  home->settingsThroughDaemon({"disableType=1"}).flush();
-  EXPECT_EQ(fs::status(home.settingsFile()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
-  fs::permissions(home.settingsFile(), fs::perms(0640));
-  home->settingsThroughDaemon({"disableType=0"}).flush();
+  phone.settingsThroughDaemon({"disableType=1"}).flush();
+  EXPECT_EQ(fs::status(phone.settingsFile()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  fs::permissions(phone.settingsFile(), fs::perms(0640));
+  phone.settingsThroughDaemon({"disableType=0"}).flush();
   EXPECT_EQ(file(), "{\n  \"disableType\": 0\n}");
-  EXPECT_EQ(fs::status(home.settingsFile()).permissions(), fs::perms(0640));
+  EXPECT_EQ(fs::status(phone.settingsFile()).permissions(), fs::perms(0640));
   EXPECT_EQ(test::filesBelow(folder()).size(), 2U) << "the mute list, and nothing that was only on the way";
 }
 
 // The add-on is told of a change before the file has it: with such a pane a phone's owner waits, too.
 TEST_P(Preferences, SetThroughTheDaemonReachTheAddOnOnceTheyAreInTheFile) {
-  home->settingsThroughDaemon({"enabled=false"});
+  phone.settingsThroughDaemon({"enabled=false"});
   EXPECT_EQ(held(), "{\n  \"enabled\": false\n}");
   EXPECT_EQ(file(), "none");
   EXPECT_TRUE(opensAMenu());
-  home->flush().post(domain + ".preferencechanged");
+  phone.flush().post(domain + ".preferencechanged");
   EXPECT_EQ(file(), "{\n  \"enabled\": false\n}");
   EXPECT_FALSE(opensAMenu());
-  home->settingsThroughDaemon({"enabled="}).advance(delay).post(domain + ".preferencechanged");
+  phone.settingsThroughDaemon({"enabled="}).advance(delay).post(domain + ".preferencechanged");
   EXPECT_EQ(file(), "{}");
   EXPECT_TRUE(opensAMenu());
 }
@@ -126,17 +126,17 @@ class InEveryOrder : public Preferences {
   /// Both changes, in both orders, with the daemon writing before, between and after them, or not. Nothing that was
   /// there before goes, at any time.
   void expectBothToStay(const std::function<void(const std::string& setting)>& changeSetting) {
-    home.settings({"useText=true"});
-    home.rename(other, "Kept");
+    phone.settings({"useText=true"});
+    phone.rename(other, "Kept");
     for (int round = 0; round < 16; ++round) {
       SCOPED_TRACE(round);
       const std::string name = "Name " + std::to_string(round);
       const std::string number = std::to_string(round + 100);
       const auto flushIf = [&](int bit) {
-        if ((round & bit) != 0) home->flush();
+        if ((round & bit) != 0) phone.flush();
       };
       const auto rename = [&] {
-        home.rename(app, name);
+        phone.rename(app, name);
         EXPECT_EQ(label(), name);
       };
       flushIf(1);
@@ -149,7 +149,7 @@ class InEveryOrder : public Preferences {
       EXPECT_TRUE(has(file(), app, '"' + name + '"'));
       EXPECT_TRUE(has(file(), other, "\"Kept\""));
       EXPECT_TRUE(has(file(), "useText", "true"));
-      home->advance(delay);
+      phone.advance(delay);
       for (const std::string& list : {held(), file()}) {
         EXPECT_TRUE(has(list, app, '"' + name + '"')) << list;
         EXPECT_TRUE(has(list, "disableType", number)) << list;
@@ -157,137 +157,137 @@ class InEveryOrder : public Preferences {
         EXPECT_TRUE(has(list, "useText", "true")) << list;
       }
     }
-    home->respring();
+    phone.respring();
     EXPECT_EQ(label(), "Name 15");
   }
 };
 INSTANTIATE_TEST_SUITE_P(, InEveryOrder, test::bothGenerations, test::generationName);
 
 TEST_P(InEveryOrder, ANameAndASettingOfThePaneStay) {
-  expectBothToStay([&](const std::string& setting) { home->settingsThroughDaemon({setting}); });
+  expectBothToStay([&](const std::string& setting) { phone.settingsThroughDaemon({setting}); });
 }
 
 // What the platform loses
 
 TEST_P(Preferences, WrittenPastTheDaemonAreLostWhenItWrites) {
-  home.rename(app, "One");
-  home.settings({"enabled=false"});
+  phone.rename(app, "One");
+  phone.settings({"enabled=false"});
   EXPECT_FALSE(opensAMenu());
   EXPECT_TRUE(has(file(), "enabled", "false"));
-  home->advance(delay);
+  phone.advance(delay);
   EXPECT_EQ(file(), "{\n  \"com.example.test\": \"One\"\n}") << "the daemon never looked at the file again";
   EXPECT_FALSE(opensAMenu()) << "the add-on has no reason to";
-  home->respring();
+  phone.respring();
   EXPECT_TRUE(opensAMenu());
   EXPECT_EQ(label(), "One");
 }
 
 TEST_P(Preferences, WrittenPastTheDaemonStayUntilItHasSomethingToWrite) {
-  home.rename(app, "One");
-  home->flush();
-  home.settings({"disableType=1"});
-  home->flush().advance(delay);
+  phone.rename(app, "One");
+  phone.flush();
+  phone.settings({"disableType=1"});
+  phone.flush().advance(delay);
   EXPECT_TRUE(has(file(), "disableType", "1"));
-  home.rename(app, "Two");
+  phone.rename(app, "Two");
   EXPECT_TRUE(has(file(), "disableType", "1")) << "the add-on keeps what it finds";
-  home->flush();
+  phone.flush();
   EXPECT_EQ(file(), "{\n  \"com.example.test\": \"Two\"\n}");
 }
 
 TEST_P(Preferences, ANameThatOnlyTheFileKnowsIsLostBesideTheAddOnsOwn) {
-  home->readPreferences(domain);
-  home.rename(app, "Told to both");
-  home.storeFromOutside(other, "Told to the file");
-  home->settingsThroughDaemon({"disableType=1"}).flush().respring();
+  phone.readPreferences(domain);
+  phone.rename(app, "Told to both");
+  phone.storeFromOutside(other, "Told to the file");
+  phone.settingsThroughDaemon({"disableType=1"}).flush().respring();
   EXPECT_EQ(label(), "Told to both");
-  EXPECT_EQ(home.icon(other).label, "Notes");
+  EXPECT_EQ(phone.icon(other).label, "Notes");
 }
 
 // Ends
 
 TEST_P(Preferences, AreKeptAndWrittenInTimeThroughARespring) {
-  home->settingsThroughDaemon({"disableType=1"}).advance(delay / 2).respring().advance(delay / 2 - 1);
+  phone.settingsThroughDaemon({"disableType=1"}).advance(delay / 2).respring().advance(delay / 2 - 1);
   EXPECT_EQ(file(), "none");
   EXPECT_EQ(held(), "{\n  \"disableType\": 1\n}");
-  home->advance(1.001);
+  phone.advance(1.001);
   EXPECT_EQ(file(), "{\n  \"disableType\": 1\n}");
 }
 
 TEST_P(Preferences, AreKeptAndWrittenInTimeWhenTheHomeScreenIsKilled) {
-  home.rename(app, "One");
-  home->settingsThroughDaemon({"disableType=1"}).crash();
+  phone.rename(app, "One");
+  phone.settingsThroughDaemon({"disableType=1"}).crash();
   EXPECT_EQ(label(), "One");
-  home->advance(delay - 1);
+  phone.advance(delay - 1);
   EXPECT_FALSE(theDaemonWroteLast());
-  home->advance(1.001);
+  phone.advance(1.001);
   EXPECT_EQ(file(), "{\n  \"com.example.test\": \"One\"\n  \"disableType\": 1\n}");
-  home.rename(app, "Two");
-  home->crash().flush();
+  phone.rename(app, "Two");
+  phone.crash().flush();
   EXPECT_EQ(label(), "Two");
   EXPECT_EQ(file(), "{\n  \"com.example.test\": \"Two\"\n  \"disableType\": 1\n}");
 }
 
 TEST_P(Preferences, AreWrittenWhenThePhoneIsSwitchedOff) {
   {
-    sim::HomeScreen phone(home.options());
-    phone.settingsThroughDaemon({"disableType=1"});
+    sim::Phone another(phone.options());
+    another.settingsThroughDaemon({"disableType=1"});
     EXPECT_EQ(file(), "none");
   }
   EXPECT_EQ(file(), "{\n  \"disableType\": 1\n}");
 }
 
 TEST_P(Preferences, ThatWereNotWrittenAreLostWithThePowerButNoName) {
-  home.rename(app, "One");
-  home->settingsThroughDaemon({"disableType=1"}).killDuring("now", {}, [] {});
+  phone.rename(app, "One");
+  phone.settingsThroughDaemon({"disableType=1"}).killDuring("now", {}, [] {});
   EXPECT_EQ(file(), "{\n  \"com.example.test\": \"One\"\n}");
-  sim::HomeScreen phone(home.options());
-  EXPECT_EQ(phone.screen().icon(app)->label, "One");
-  EXPECT_FALSE(phone.preferences(domain).has_value());
+  sim::Phone another(phone.options());
+  EXPECT_EQ(another.screen().icon(app)->label, "One");
+  EXPECT_FALSE(another.preferences(domain).has_value());
 }
 
 // Files that cannot be read or written
 
 TEST_P(Preferences, OfADamagedFileAreNone) {
-  sim::writeFile(home.settingsFile(), "this is no property list\n");
-  home->settingsThroughDaemon({"disableType=1"});
-  home.rename(app, "One");
+  sim::writeFile(phone.settingsFile(), "this is no property list\n");
+  phone.settingsThroughDaemon({"disableType=1"});
+  phone.rename(app, "One");
   EXPECT_EQ(file(), "{\n  \"com.example.test\": \"One\"\n}");
-  home->flush();
+  phone.flush();
   EXPECT_EQ(file(), "{\n  \"com.example.test\": \"One\"\n  \"disableType\": 1\n}");
 }
 
 TEST_P(Preferences, OutliveDamageToTheirFile) {
-  home.settings({"disableType=1"});
-  home.rename(app, "One");
-  sim::writeFile(home.settingsFile(), "this is no property list\n");
-  home.rename(other, "Two");
+  phone.settings({"disableType=1"});
+  phone.rename(app, "One");
+  sim::writeFile(phone.settingsFile(), "this is no property list\n");
+  phone.rename(other, "Two");
   EXPECT_EQ(file(), "{\n  \"com.example.notes\": \"Two\"\n}");
-  home->flush().respring();
+  phone.flush().respring();
   EXPECT_EQ(file(), "{\n  \"com.example.notes\": \"Two\"\n  \"com.example.test\": \"One\"\n  \"disableType\": 1\n}");
   EXPECT_EQ(label(), "One");
 }
 
 TEST_P(Preferences, OfAFolderWithoutPermissionWaitInTheDaemon) {
-  home.settings({"disableType=1"});
-  home->touch(app);
+  phone.settings({"disableType=1"});
+  phone.touch(app);
   fs::permissions(folder(), fs::perms(0555));
-  home.rename(app, "One");
+  phone.rename(app, "One");
   EXPECT_EQ(label(), "Test App");
-  home->advance(2 * delay).flush();
+  phone.advance(2 * delay).flush();
   EXPECT_EQ(file(), "{\n  \"disableType\": 1\n}");
   EXPECT_EQ(held(), "{\n  \"com.example.test\": \"One\"\n  \"disableType\": 1\n}");
   fs::permissions(folder(), fs::perms::owner_all);
-  home->advance(2 * delay);
+  phone.advance(2 * delay);
   EXPECT_EQ(file(), "{\n  \"disableType\": 1\n}");
-  home.rename(other, "Two");
-  home->flush().respring();
+  phone.rename(other, "Two");
+  phone.flush().respring();
   EXPECT_EQ(file(), "{\n  \"com.example.notes\": \"Two\"\n  \"com.example.test\": \"One\"\n  \"disableType\": 1\n}");
   EXPECT_EQ(label(), "One");
 }
 
 TEST_P(Preferences, ThatNoPropertyListCanHoldAreNotTaken) {
-  home->settingsThroughDaemon({"disableType=1"});
-  EXPECT_THROW(home->ask("setPreferences", {{"domain", domain}, {"values", {{"disableType", {1, 2}}}}}), sim::BadInput);
-  EXPECT_THROW(home->ask("setPreferences", {{"domain", domain}}), sim::BadInput);
+  phone.settingsThroughDaemon({"disableType=1"});
+  EXPECT_THROW(phone.ask("setPreferences", {{"domain", domain}, {"values", {{"disableType", {1, 2}}}}}), sim::BadInput);
+  EXPECT_THROW(phone.ask("setPreferences", {{"domain", domain}}), sim::BadInput);
   EXPECT_EQ(held(), "{\n  \"disableType\": 1\n}");
 }

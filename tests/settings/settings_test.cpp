@@ -1,6 +1,6 @@
 // The settings file as the library reads it, value by value. A small program of ours maps the settings room
 // alone into a process like the home screen's and prints what it holds.
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -120,38 +120,38 @@ class SettingsReload : public test::Generations {};
 INSTANTIATE_TEST_SUITE_P(, SettingsReload, test::bothGenerations, test::generationName);
 
 TEST_P(SettingsReload, HappensWhenTheSettingsPaneSaysSo) {
-  home->screen();
-  sim::PropertyList(Json{{"enabled", false}}).write(home.path(file));
-  home.swipeUp("com.example.notes");
-  EXPECT_TRUE(home.showsAlert());
-  home->tap("Cancel");
-  home->advance(1);
-  home->post("com.morvanel.sprigdial.preferencechanged");
-  home.swipeUp("com.example.notes");
-  EXPECT_FALSE(home.showsAlert());
+  phone.screen();
+  sim::PropertyList(Json{{"enabled", false}}).write(phone.path(file));
+  phone.swipeUp("com.example.notes");
+  EXPECT_TRUE(phone.showsAlert());
+  phone.tap("Cancel");
+  phone.advance(1);
+  phone.post("com.morvanel.sprigdial.preferencechanged");
+  phone.swipeUp("com.example.notes");
+  EXPECT_FALSE(phone.showsAlert());
 }
 
 TEST_P(SettingsReload, GivesAKeyThatIsGoneItsDefaultBack) {
-  home->screen();
-  home.settings({"enabled=false"});
-  home.settings({"enabled="});
-  home.swipeUp("com.example.notes");
-  EXPECT_TRUE(home.showsAlert());
+  phone.screen();
+  phone.settings({"enabled=false"});
+  phone.settings({"enabled="});
+  phone.swipeUp("com.example.notes");
+  EXPECT_TRUE(phone.showsAlert());
 }
 
 TEST_P(SettingsReload, AWrongFileBringsNothingDown) {
   for (const std::string content : {"", "garbage", "<plist><array/></plist>"}) {
-    sim::writeFile(home.path(file), content);
-    home->post("com.morvanel.sprigdial.preferencechanged");
-    home.swipeUp("com.example.notes");
-    EXPECT_TRUE(home.showsAlert()) << content;
-    home->tap("Cancel");
-    home->advance(1);
+    sim::writeFile(phone.path(file), content);
+    phone.post("com.morvanel.sprigdial.preferencechanged");
+    phone.swipeUp("com.example.notes");
+    EXPECT_TRUE(phone.showsAlert()) << content;
+    phone.tap("Cancel");
+    phone.advance(1);
   }
 }
 
 TEST_P(SettingsReload, IsForTheStartToo) {
-  sim::PropertyList(Json{{"direction", 1}}).write(home.path(file));
-  home.swipeUp("com.example.notes", 0, 20);
-  EXPECT_TRUE(home.showsAlert());
+  sim::PropertyList(Json{{"direction", 1}}).write(phone.path(file));
+  phone.swipe("com.example.notes", {{0, 20}});
+  EXPECT_TRUE(phone.showsAlert());
 }

@@ -1,5 +1,5 @@
 // The settings are whole at any moment, even when the power fails while a renamed label is being stored.
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 #include "tests/support/power_cut.hpp"
 
 namespace {
@@ -10,7 +10,7 @@ constexpr int cuts = 50;
 class WholeSettings : public test::Generations {
  protected:
   void SetUp() override {
-    home.install({});
+    phone.install({});
     nlohmann::ordered_json content{{"useMute", false}};
     const std::string longLabel(20'000, 'x');
     for (int i = 0; i < 20; ++i) content["com.example.application" + std::to_string(i)] = longLabel;
@@ -22,17 +22,17 @@ class WholeSettings : public test::Generations {
     ASSERT_TRUE(stored);
     ASSERT_EQ(stored->text(app), "Second");
     ASSERT_EQ(stored->text("com.example.application19"), longLabel);
-    home->shutDown();
+    phone.shutDown();
   }
 
-  std::filesystem::path file() const { return home.path(std::string(sim::Device::settingsFile)); }
+  std::filesystem::path file() const { return phone.path(std::string(sim::Device::settingsFile)); }
   std::string bytes() const { return sim::readFile(file()).value_or("no file"); }
-  static void typeLabel(sim::HomeScreen& phone, const std::string& label) {
-    phone.swipeUp(app).tap("Rename App").advance(1).type(label);
+  static void typeLabel(sim::Phone& another, const std::string& label) {
+    another.swipeUp(app).tap("Rename App").advance(1).type(label);
   }
   std::string storedAs(const std::string& label) {
-    typeLabel(*home, label);
-    duration = test::timeOf([&] { home->tap("Apply"); });
+    typeLabel(phone, label);
+    duration = test::timeOf([&] { phone.tap("Apply"); });
     return bytes();
   }
 
@@ -40,9 +40,9 @@ class WholeSettings : public test::Generations {
   template <class Cut>
   void cutAgainAndAgain(Cut cut) {
     for (int i = 0; i < cuts; ++i) {
-      sim::HomeScreen phone(home.options());
-      typeLabel(phone, bytes() == first ? "Second" : "First");
-      cut(phone);
+      sim::Phone another(phone.options());
+      typeLabel(another, bytes() == first ? "Second" : "First");
+      cut(another);
       const std::string left = bytes();
       ASSERT_TRUE(left == first || left == second) << "cut " << i << " left " << left.size() << " bytes";
     }
@@ -57,9 +57,9 @@ class WholeSettings : public test::Generations {
 INSTANTIATE_TEST_SUITE_P(, WholeSettings, test::bothGenerations, test::generationName);
 
 TEST_P(WholeSettings, WhenThePowerFailsAtAnyMomentOfARename) {
-  cutAgainAndAgain([&](sim::HomeScreen& phone) { power.duringChange(phone, "tap", {{"title", "Apply"}}, duration); });
+  cutAgainAndAgain([&](sim::Phone& another) { power.duringChange(another, "tap", {{"title", "Apply"}}, duration); });
 }
 
 TEST_P(WholeSettings, WhenThePowerFailsWhileTheFileIsWritten) {
-  cutAgainAndAgain([&](sim::HomeScreen& phone) { ASSERT_TRUE(power.duringWrite(phone, "tap", {{"title", "Apply"}})); });
+  cutAgainAndAgain([&](sim::Phone& another) { ASSERT_TRUE(power.duringWrite(another, "tap", {{"title", "Apply"}})); });
 }

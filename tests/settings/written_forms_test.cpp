@@ -1,5 +1,5 @@
 // The settings file in each form that a phone reads, whoever wrote it.
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 namespace {
 
@@ -84,15 +84,15 @@ const std::map<std::string, std::string> damaged{
 template <const auto& files>
 class Written : public testing::TestWithParam<std::tuple<sim::Generation, std::string>> {
  protected:
-  void SetUp() override { home.install({}); }
+  void SetUp() override { phone.install({}); }
   const auto& file() const { return files.at(std::get<1>(GetParam())); }
-  test::Home home{std::get<0>(GetParam())};
+  test::Phone phone{std::get<0>(GetParam())};
 };
 class WrittenForm : public Written<forms> {};
 class DamagedForm : public Written<damaged> {};
 class WrittenMark : public test::Generations {
  protected:
-  void SetUp() override { home.install({}); }
+  void SetUp() override { phone.install({}); }
 };
 
 template <const auto& files>
@@ -111,19 +111,19 @@ INSTANTIATE_TEST_SUITE_P(, DamagedForm, everyOne<damaged>(), formName);
 INSTANTIATE_TEST_SUITE_P(, WrittenMark, test::bothGenerations, test::generationName);
 
 TEST_P(WrittenForm, IsRead) {
-  sim::writeFile(home.settingsFile(), file().renamed);
-  EXPECT_EQ(home.icon(app).label, "New");
-  EXPECT_TRUE(home.openMenu(app).showsAlert());
-  home->tap("Cancel").advance(1);
-  sim::writeFile(home.settingsFile(), file().off);
-  home->respring();
-  EXPECT_FALSE(home.openMenu(app).showsAlert());
+  sim::writeFile(phone.settingsFile(), file().renamed);
+  EXPECT_EQ(phone.icon(app).label, "New");
+  EXPECT_TRUE(phone.openMenu(app).showsAlert());
+  phone.tap("Cancel").advance(1);
+  sim::writeFile(phone.settingsFile(), file().off);
+  phone.respring();
+  EXPECT_FALSE(phone.openMenu(app).showsAlert());
 }
 
 TEST_P(DamagedForm, CountsAsMissing) {
-  sim::writeFile(home.settingsFile(), file());
-  EXPECT_EQ(home.icon(app).label, "Test App");
-  EXPECT_TRUE(home.openMenu(app).showsAlert());
+  sim::writeFile(phone.settingsFile(), file());
+  EXPECT_EQ(phone.icon(app).label, "Test App");
+  EXPECT_TRUE(phone.openMenu(app).showsAlert());
 }
 
 TEST_P(WrittenMark, OfAName) {
@@ -133,22 +133,23 @@ TEST_P(WrittenMark, OfAName) {
   for (const std::string& content :
        {xmlOf(mark8 + "New"), mark8 + xmlOf(mark8 + "New"), xmlOf("&#xFEFF;New"), xmlOf("&#0065279;New"),
         "{ " + app + " = \"" + mark8 + "New\"; }", app + " = '\\UFEFFNew';"}) {
-    sim::writeFile(home.settingsFile(), content);
-    EXPECT_EQ(home.icon(app).label, mark8 + "New") << content;
+    sim::writeFile(phone.settingsFile(), content);
+    EXPECT_EQ(phone.icon(app).label, mark8 + "New") << content;
   }
 }
 
 TEST_P(WrittenMark, IsNotNamedByLiteralText) {
-  sim::writeFile(home.settingsFile(), declaration8 + plist("<dict><key>" + app +
-                                                           "</key><string><![CDATA[<a> & &#xFEFF;]]></string></dict>"));
-  EXPECT_EQ(home.icon(app).label, "<a> & &#xFEFF;");
+  sim::writeFile(
+      phone.settingsFile(),
+      declaration8 + plist("<dict><key>" + app + "</key><string><![CDATA[<a> & &#xFEFF;]]></string></dict>"));
+  EXPECT_EQ(phone.icon(app).label, "<a> & &#xFEFF;");
 }
 
 TEST_P(WrittenMark, OfAKeyMakesItAnother) {
   for (const std::string& content :
        {declaration8 + plist("<dict><key>" + mark8 + app + "</key><string>New</string></dict>"),
         "{ '" + mark8 + app + "' = New; }", "{ \"" + mark8 + app + "\" = New; }"}) {
-    sim::writeFile(home.settingsFile(), content);
-    EXPECT_EQ(home.icon(app).label, "Test App") << content;
+    sim::writeFile(phone.settingsFile(), content);
+    EXPECT_EQ(phone.icon(app).label, "Test App") << content;
   }
 }

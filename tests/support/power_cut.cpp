@@ -34,16 +34,16 @@ class FolderWatch {
 
 }  // namespace
 
-void PowerCut::duringChange(sim::HomeScreen& home, const std::string& verb, const nlohmann::json& members,
+void PowerCut::duringChange(sim::Phone& phone, const std::string& verb, const nlohmann::json& members,
                             microseconds duration) {
-  home.killDuring(verb, members, [&] { waitUpTo(duration); });
+  phone.killDuring(verb, members, [&] { waitUpTo(duration); });
   removeLeftovers();
 }
 
-bool PowerCut::duringWrite(sim::HomeScreen& home, const std::string& verb, const nlohmann::json& members) {
+bool PowerCut::duringWrite(sim::Phone& phone, const std::string& verb, const nlohmann::json& members) {
   const FolderWatch watch(file_.parent_path());
   bool changed = false;
-  home.killDuring(verb, members, [&] {
+  phone.killDuring(verb, members, [&] {
     changed = watch.changes();
     // Half of them as soon as can be: most of what is written takes less time than waking up.
     if (random_() % 2 == 0) waitUpTo(std::chrono::milliseconds(1));

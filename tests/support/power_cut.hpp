@@ -6,7 +6,7 @@
 #include <functional>
 #include <random>
 
-#include "simulator/control/home_screen.hpp"
+#include "simulator/control/phone.hpp"
 
 namespace test {
 
@@ -16,11 +16,11 @@ class PowerCut {
   explicit PowerCut(std::filesystem::path file) : file_(std::move(file)) {}
 
   /// Asks for the change and kills the process at a random moment of a change that takes that long.
-  void duringChange(sim::HomeScreen& home, const std::string& verb, const nlohmann::json& members,
+  void duringChange(sim::Phone& phone, const std::string& verb, const nlohmann::json& members,
                     std::chrono::microseconds duration);
   /// Asks for the change and kills the process once its folder has begun to change, at once or within a millisecond.
   /// False when the folder never changes.
-  bool duringWrite(sim::HomeScreen& home, const std::string& verb, const nlohmann::json& members);
+  bool duringWrite(sim::Phone& phone, const std::string& verb, const nlohmann::json& members);
 
  private:
   void waitUpTo(std::chrono::microseconds longest);

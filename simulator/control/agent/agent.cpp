@@ -1,34 +1,32 @@
 #include "simulator/control/agent/agent.hpp"
 
 #include <poll.h>
-#include <unistd.h>
+#include <sys/socket.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <climits>
-#include <csignal>
 #include <cstdlib>
-#include <exception>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <utility>
 
+#include "simulator/control/agent/driver.hpp"
 #include "simulator/control/agent/requests.hpp"
+#include "simulator/control/agent/sign_of_life.hpp"
+#include "simulator/control/agent/verbs.hpp"
+#include "simulator/homescreen/common/home.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/main_queue.hpp"
 #include "simulator/runtime/objc.hpp"
 #include "simulator/runtime/waiting.hpp"
 
-// The C library's header says nothing of C++.
-extern "C" {
-#include <sys/pidfd.h>
-}
-
 namespace sim {
 namespace {
 
 using nlohmann::json;
+
+constexpr int protocolVersion = 1;
 
 /// Keeps the clock in step with real time.
 class LiveClock {
@@ -52,117 +50,149 @@ class LiveClock {
   std::int64_t last_ = clock::realTime();
 };
 
-/// The requests of the driver, and the answers to them.
-class Conversation {
+/// A request that is being performed. It gets one answer, at the latest when an exception passes by.
+class Asked {
  public:
-  explicit Conversation(int socket) : socket_(socket) {}
-
-  /// Takes what the driver has sent; NO when it has gone.
-  bool receive() {
-    char block[65536];
-    ssize_t size = 0;
-    while ((size = read(socket_, block, sizeof block)) < 0 && errno == EINTR) continue;
-    if (size > 0) received_.append(block, static_cast<std::size_t>(size));
-    return size > 0;
+  Asked(const json& request, Asked*& innermost) : innermost_(innermost), outer_(std::exchange(innermost, this)) {
+    if (!request.is_object()) return;
+    if (const auto id = request.find("id"); id != request.end() && id->is_number_integer()) id_ = *id;
+    if (const auto members = request.find("members"); members != request.end() && members->is_object())
+      goesOn_ = members->value("go-on", json()) == true;
+  }
+  Asked(const Asked&) = delete;
+  Asked& operator=(const Asked&) = delete;
+  ~Asked() {
+    innermost_ = outer_;
+    reply({{"error", "An exception passed by"}, {"kind", "raised"}});
   }
 
-  /// Answers the whole lines and leaves the rest.
-  void answerAll() {
-    while (const auto line = nextLine()) {
-      const AutoreleasePool pool;
-      const json request = take(*line);
-      goesOn_ = request.is_object() && request.value("goOn", json()) == true;
-      const json answer = answerTo(request);
-      if (!std::exchange(answered_, false)) write(answer);
-    }
+  void reply(json answer) {
+    if (std::exchange(answered_, true)) return;
+    if (!id_.is_null()) answer["id"] = id_;
+    driver::tell(answer);
   }
-
-  /// Waits for a program. A driver that does not wait too gets the answer to its request at once, and may look at
-  /// the screen meanwhile; whatever else it asks for has to wait.
-  void waitFor(int program) {
-    if (goesOn_ && !std::exchange(answered_, true)) write({{"value", nullptr}, {"seconds", 0}});
-    bool listens = answered_;
-    while (true) {
-      const short driver = listens ? POLLIN | POLLRDHUP : POLLRDHUP;
-      pollfd waiting[] = {{program, POLLIN, 0}, {socket_, driver, 0}};
-      if (poll(waiting, 2, -1) <= 0) continue;
-      if (waiting[0].revents != 0) return;
-      if ((waiting[1].revents & (POLLRDHUP | POLLHUP)) != 0) endWith(program);
-      listens = receive() && answerLooks();
-    }
+  /// A driver that goes on does not wait for the program that the home screen now waits for.
+  void waits() {
+    if (goesOn_) reply({{"value", nullptr}, {"seconds", 0}});
   }
 
  private:
-  // Nobody is left to wait for.
-  [[noreturn]] static void endWith(int program) {
-    pidfd_send_signal(program, SIGKILL, nullptr, 0);
-    std::_Exit(EXIT_SUCCESS);
+  Asked*& innermost_;
+  Asked* outer_;
+  json id_;
+  bool goesOn_ = false;
+  bool answered_ = false;
+};
+
+bool isGesture(const json& request) {
+  const auto& gestures = verbGroups().front().verbs;
+  const json verb = request.is_object() ? request.value("verb", json()) : json();
+  return std::any_of(gestures.begin(), gestures.end(), [&](const Verb& each) { return verb == each.name; });
+}
+
+/// The main thread's run loop, as far as the driver, the clock and programs are concerned. It nests: while a request
+/// waits for a program, another turn answers the next.
+class RunLoop {
+ public:
+  RunLoop(int socket, bool liveClock) : socket_(socket) {
+    if (liveClock) clock_.emplace();
   }
 
-  std::optional<std::size_t> nextLine() const {
-    const std::size_t end = received_.find('\n');
-    return end != std::string::npos ? std::optional(end) : std::nullopt;
-  }
-
-  json take(std::size_t end) {
-    json request = json::parse(received_.substr(0, end), nullptr, false);
-    received_.erase(0, end + 1);
-    return request;
-  }
-
-  // Answers the looks at the screen that come first; NO when something else has come.
-  bool answerLooks() {
-    while (const auto line = nextLine()) {
-      const json request = json::parse(received_.substr(0, *line), nullptr, false);
-      if (!request.is_object() || request.value("verb", json()) != "screen") return false;
-      const AutoreleasePool pool;
-      write({{"value", perform(take(*line))}, {"seconds", 0}});
+  /// Waits for requests, due work or the program's end, whatever comes first, and serves it. NO when the driver has
+  /// gone.
+  bool turn(int program = -1) {
+    const AutoreleasePool pool;
+    pollfd waiting[] = {{socket_, POLLIN, 0}, {program, POLLIN, 0}};
+    const int ready = poll(waiting, 2, timeout(program >= 0));
+    if (clock_) clock_->catchUp();
+    if (ready > 0 && waiting[0].revents != 0) {
+      if (!receive()) return false;
+      answerAll();
     }
+    tellNews();
     return true;
   }
 
-  static json answerTo(const json& request) {
-    if (!request.is_object()) return {{"error", "The request is no JSON object"}};
-    try {
-      return answer(request);
-    } catch (const std::exception& error) {
-      return {{"error", error.what()}};
+  void waitFor(int program, const std::string& name) {
+    struct Told {
+      explicit Told(const std::string& program) { driver::tell({{"push", "waiting for"}, {"program", program}}); }
+      Told(const Told&) = delete;
+      Told& operator=(const Told&) = delete;
+      ~Told() { driver::tell({{"push", "waited for"}}); }
+    } const told(name);
+    if (asked_ != nullptr) asked_->waits();
+    runDueWork();
+    while (!hasEnded(program))
+      if (!turn(program)) leave();
+  }
+
+ private:
+  /// Nobody is left to wait for.
+  [[noreturn]] static void leave() {
+    endProgramsWaitedFor();
+    std::_Exit(EXIT_SUCCESS);
+  }
+
+  static bool hasEnded(int program) {
+    pollfd waiting{program, POLLIN, 0};
+    return poll(&waiting, 1, 0) > 0;
+  }
+
+  // A turn a second, when a program is waited for, is the sign of life that is due.
+  int timeout(bool forProgram) const {
+    constexpr int second = 1000;
+    const int due = clock_ ? LiveClock::timeout() : -1;
+    if (!forProgram) return due;
+    return due < 0 ? second : std::min(due, second);
+  }
+
+  // Takes what the driver has sent, unless a turn within this one already has; NO when it has gone.
+  bool receive() {
+    char block[65536];
+    const ssize_t size = recv(socket_, block, sizeof block, MSG_DONTWAIT);
+    if (size > 0) received_.append(block, static_cast<std::size_t>(size));
+    return size > 0 || (size < 0 && (errno == EAGAIN || errno == EINTR));
+  }
+
+  // Answers the whole lines and leaves the rest.
+  void answerAll() {
+    for (std::size_t end = 0; (end = received_.find('\n')) != std::string::npos;) {
+      const AutoreleasePool pool;
+      const json request = json::parse(received_.substr(0, end), nullptr, false);
+      received_.erase(0, end + 1);
+      Asked asked(request, asked_);
+      changed_ = changed_ || isGesture(request);
+      asked.reply(answer(request));
     }
   }
 
-  void write(const json& answer) const {
-    const std::string text = answer.dump(-1, ' ', false, json::error_handler_t::replace) + "\n";
-    for (std::size_t written = 0; written < text.size();) {
-      const ssize_t size = ::write(socket_, text.data() + written, text.size() - written);
-      if (size < 0 && errno != EINTR) throw std::system_error(errno, std::generic_category(), "answering the driver");
-      if (size > 0) written += static_cast<std::size_t>(size);
-    }
+  void tellNews() {
+    const bool changed = std::exchange(changed_, false) || std::exchange(seenWork_, dueWorkDone()) != dueWorkDone();
+    const auto& events = homeState().events;
+    const std::size_t first = std::exchange(toldEvents_, events.size());
+    if (!driver::subscribed()) return;
+    for (std::size_t i = first; i < events.size(); ++i) driver::tell({{"push", "event"}, {"text", events[i]}});
+    if (changed) driver::tell({{"push", "changed"}});
   }
 
   int socket_;
+  std::optional<LiveClock> clock_;  // that of a home screen whose clock runs by itself
   std::string received_;
-  bool goesOn_ = false;    // the driver goes on as soon as its request waits for a program
-  bool answered_ = false;  // the request being performed has its answer
+  Asked* asked_ = nullptr;  // the innermost request that is being performed
+  bool changed_ = false;    // something was done in this turn
+  std::size_t toldEvents_ = 0;
+  unsigned long seenWork_ = dueWorkDone();
 };
 
 }  // namespace
 
 void serve(int socket, bool liveClock) {
-  LiveClock realTime;
-  Conversation conversation(socket);
-  setWaiting([&](int program) { conversation.waitFor(program); });
-  while (true) {
-    pollfd waiting{socket, POLLIN, 0};
-    int ready = 0;
-    {
-      const AutoreleasePool pool;
-      ready = poll(&waiting, 1, liveClock ? LiveClock::timeout() : -1);
-      if (liveClock) realTime.catchUp();
-    }
-    if (ready <= 0) continue;
-    if (!conversation.receive()) return;
-    conversation.answerAll();
-  }
+  driver::connect(socket);
+  RunLoop runLoop(socket, liveClock);
+  setWaiting([&](int program, const std::string& name) { runLoop.waitFor(program, name); });
+  driver::tell({{"push", "ready"}, {"version", protocolVersion}});
+  giveSignsOfLife();
+  while (runLoop.turn()) continue;
 }
 
 }  // namespace sim

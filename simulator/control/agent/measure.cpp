@@ -7,6 +7,7 @@
 
 #include "platform/CoreFoundation.hpp"
 #include "platform/hooking.hpp"
+#include "simulator/control/agent/verbs.hpp"
 #include "simulator/homescreen/common/NCNotificationRequest.hpp"
 #include "simulator/homescreen/common/icons.hpp"
 #include "simulator/homescreen/common/shared_instance.hpp"
@@ -172,22 +173,33 @@ void start(const json& request) {
            ns("/var/mobile/Library/Preferences/com.morvanel.sprigdial.plist"));
 }
 
-const std::map<std::string, void (*)(const json&)> measures = {
-    {"walk", walk},         {"empty", empty},         {"remove", remove},
-    {"run", run},           {"sound", sound},         {"rewriteList", rewriteList},
-    {"iconName", iconName}, {"readValue", readValue}, {"layOut", layOut},
-    {"start", start},
-};
+template <void (*Measure)(const json&)>
+json done(const json& request) {
+  Measure(request);
+  return {};
+}
+
+const std::map<std::string, json (*)(const json&)>& measures() {
+  static const std::map<std::string, json (*)(const json&)> table = {
+      {"walk", done<walk>},
+      {"empty", done<empty>},
+      {"remove", done<remove>},
+      {"run", done<run>},
+      {"sound", done<sound>},
+      {"rewriteList", done<rewriteList>},
+      {"iconName", done<iconName>},
+      {"readValue", done<readValue>},
+      {"layOut", done<layOut>},
+      {"start", done<start>},
+      {"mapping", [](const json&) { return json(mappingSeconds()); }},
+  };
+  return table;
+}
 
 }  // namespace
 
-json measure(const json& request) {
-  const std::string what = request.at("what").get<std::string>();
-  if (what == "mapping") return mappingSeconds();
-  const auto known = measures.find(what);
-  if (known == measures.end()) throw BadRequest("Nothing to measure is called \"" + what + "\"");
-  known->second(request);
-  return {};
-}
+std::vector<std::string> measureNames() { return namesOf(measures()); }
+
+json measure(const json& request) { return measures().at(request.at("what").get<std::string>())(request); }
 
 }  // namespace sim

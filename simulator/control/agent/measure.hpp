@@ -3,10 +3,15 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
 
 namespace sim {
 
-/// Does what the request's "what" names; the answer's seconds tell how long it took. Throws `BadRequest`.
+/// The names that "what" may have.
+std::vector<std::string> measureNames();
+/// Does what the request's "what" names; the answer's seconds tell how long it took. Throws `BadRequest`, and an
+/// exception of the JSON library when it does not hold what that takes.
 nlohmann::json measure(const nlohmann::json& request);
 
 }  // namespace sim

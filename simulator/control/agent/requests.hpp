@@ -1,15 +1,15 @@
-// The requests of a driver, by their verbs.
+// The requests of a driver, and the answers to them.
 #pragma once
 
 #include <nlohmann/json.hpp>
 
 namespace sim {
 
-/// Does what the request asks for and gives its value. Throws an exception of the standard library, with a
-/// sentence for a person, when that cannot be done.
-nlohmann::json perform(const nlohmann::json& request);
-/// Performs the request, an object, and what is due after it, and gives the answer. An exception of the platform's
-/// ends the process, unless the request is "catching". Throws as `perform` does.
+/// Does what the request asks for and what is due after it, and gives the answer: the value and the seconds that it
+/// took, or what went wrong and the kind of that. An exception of the platform's passes, unless the request is
+/// "catching".
 nlohmann::json answer(const nlohmann::json& request);
+/// The same, and what goes wrong is thrown.
+nlohmann::json perform(const nlohmann::json& request);
 
 }  // namespace sim

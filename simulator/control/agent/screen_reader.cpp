@@ -1,7 +1,5 @@
 #include "simulator/control/agent/screen_reader.hpp"
 
-#include <utility>
-
 #include "simulator/frameworks/uikit/UIActivityIndicatorView.hpp"
 #include "simulator/frameworks/uikit/UIAlertControllerView.hpp"
 #include "simulator/frameworks/uikit/UIDevice.hpp"
@@ -175,7 +173,7 @@ std::vector<NotificationOnScreen> readNotifications(SystemWindow place) {
 // The switcher names applications by their own name, which is not always their icon's.
 std::vector<std::string> readSwitcher() {
   std::vector<std::string> titles;
-  for (const auto& identifier : home().switcher) {
+  for (const auto& identifier : homeState().switcher) {
     id application =
         send<id>(SBApplicationController::shared(), "applicationWithBundleIdentifier:"_sel, ns(identifier));
     titles.push_back(text(send<id>(application, "displayName"_sel)));
@@ -205,8 +203,8 @@ std::optional<QuickActionList> readQuickActions() {
 Screen readScreen() {
   updateWindows();
   Screen seen;
-  seen.generation = home().generation == Generation::old ? "old" : "new";
-  seen.on = home().screenOn;
+  seen.generation = homeState().generation == Generation::old ? "old" : "new";
+  seen.on = homeState().screenOn;
   seen.locked = isShown(SystemWindow::lockScreen);
   seen.poweringDown = isShown(SystemWindow::powerSlider);
   seen.editing = send<BOOL>(platformActions().menuHost(), "isEditing"_sel);
@@ -217,7 +215,6 @@ Screen readScreen() {
   seen.banners = readNotifications(SystemWindow::banners);
   seen.lockScreen = readNotifications(SystemWindow::lockScreen);
   seen.switcher = readSwitcher();
-  seen.events = std::exchange(home().events, {});
   seen.passed = seconds(clock::passed());
   seen.orientation = orientation() == Orientation::portrait ? "portrait" : "landscape";
   seen.bounds = readFrame(screenBounds());

@@ -5,7 +5,7 @@
 
 namespace sim {
 
-/// The screen as it is now. The events in it are forgotten.
+/// The screen as it is now.
 Screen readScreen();
 
 }  // namespace sim

@@ -25,6 +25,11 @@ std::set<std::string>& pending() {
   return names;
 }
 
+std::vector<std::string>& posts() {
+  static std::vector<std::string> names;
+  return names;
+}
+
 std::string described(const void* pointer) { return pointer != nullptr ? "set" : "nil"; }
 
 void callObservers(CFStringRef name) {
@@ -51,7 +56,10 @@ void callLater(const std::string& name, Call call) {
 
 const std::vector<DarwinObserver>& darwinObservers() { return registered(); }
 
+const std::vector<std::string>& darwinPosts() { return posts(); }
+
 void postDarwinNotification(const std::string& name) {
+  posts().push_back(name);
   callLater(name, [own = Ref<objc_object>(ns(name))] { callObservers(reinterpret_cast<CFStringRef>(own.get())); });
 }
 
@@ -75,6 +83,7 @@ void CFNotificationCenterAddObserver(CFNotificationCenterRef, const void* observ
 void CFNotificationCenterPostNotification(CFNotificationCenterRef, CFStringRef name, const void* object,
                                           const void* userInfo, std::uint8_t immediately) {
   const std::string posted = sim::text(asId(name));
+  sim::posts().push_back(posted);
   sim::callLog().push_back({sim::Call::Kind::post, "Darwin", posted,
                             "object " + sim::described(object) + ", user info " + sim::described(userInfo) +
                                 (immediately != 0 ? ", immediately" : "")});

@@ -22,5 +22,7 @@ const std::vector<DarwinObserver>& darwinObservers();
 /// Another process posts a notification: on a later turn the observers of that name are called in the order of their
 /// registration. Posts of a name that is on its way already add nothing.
 void postDarwinNotification(const std::string& name);
+/// The names posted since the process began, by whomever, in their order.
+const std::vector<std::string>& darwinPosts();
 
 }  // namespace sim

@@ -9,7 +9,8 @@ namespace {
 // A web page opens in an application of its own, which the device does not have.
 void launch(SBIcon* icon, NSInteger location, id context, id settings, id actions) {
   const std::string identifier = text(send<id>(icon, "applicationBundleID"_sel));
-  home().launches.push_back({identifier, location, textOrNone(context), textOrNone(settings), textOrNone(actions)});
+  homeState().launches.push_back(
+      {identifier, location, textOrNone(context), textOrNone(settings), textOrNone(actions)});
   if (!identifier.empty()) openApplication(identifier);
 }
 

@@ -3,8 +3,8 @@
 namespace sim {
 
 void SBNCScreenController::turnOnScreen(NCNotificationRequest* request) {
-  home().screenOn = true;
-  home().events.push_back("screen woken by " + delivered(request).id);
+  homeState().screenOn = true;
+  homeState().events.push_back("screen woken by " + delivered(request).id);
 }
 
 void defineSBNCScreenController() {

@@ -3,7 +3,7 @@
 namespace sim {
 
 void SBNCSoundController::playSound(NCNotificationRequest* request) {
-  home().events.push_back("sound for " + delivered(request).id);
+  homeState().events.push_back("sound for " + delivered(request).id);
 }
 
 void defineSBNCSoundController() {

@@ -9,7 +9,7 @@ namespace {
 
 Ref<SBIconView> makeIconView(bool withLabel) {
   id allocated = send<id>("SBIconView"_cls, "alloc"_sel);
-  auto* view = home().generation == Generation::old
+  auto* view = homeState().generation == Generation::old
                    ? send<SBIconView*>(allocated, "initWithContentType:"_sel, NSUInteger{0})
                    : send<SBIconView*>(allocated, "initWithConfigurationOptions:"_sel, NSUInteger{0});
   if (!withLabel) view->removeLabel();

@@ -22,13 +22,13 @@ void defineHomeScreenClasses() {
   defineSBApplicationInfo();
   defineSBApplication();
   defineSBApplicationController();
-  defineSBIcon(home().generation);
+  defineSBIcon(homeState().generation);
   defineSBLeafIcon();
   defineSBApplicationIcon();
   defineSBBookmarkIcon();
   defineSBDownloadingIcon();
   defineSBIconModel();
-  defineSBIconView(home().generation);
+  defineSBIconView(homeState().generation);
   defineSBIconListView();
   defineSBRootFolderView();
   defineSBSApplicationShortcutCustomImageIcon();

@@ -10,6 +10,7 @@
 #include "simulator/homescreen/common/SBDownloadingIcon.hpp"
 #include "simulator/homescreen/common/SpringBoard.hpp"
 #include "simulator/homescreen/common/icons.hpp"
+#include "simulator/homescreen/common/refused.hpp"
 #include "simulator/homescreen/common/shared_instance.hpp"
 #include "simulator/homescreen/common/touches.hpp"
 #include "simulator/homescreen/common/windows.hpp"
@@ -93,7 +94,7 @@ void tapBeside(UIView* dimming) {
 }
 
 void tapIcon(UIView* view) {
-  if (home().editing) return;
+  if (homeState().editing) return;
   SBIcon* icon = static_cast<SBIconView*>(view)->icon;
   const std::string identifier = text(send<id>(icon, "applicationBundleID"_sel));
   launchIcon(icon, !identifier.empty() ? identifier : text(send<id>(icon, "displayName"_sel)));
@@ -108,10 +109,10 @@ constexpr Tap taps[] = {
     {"SBUIActionView", [](UIView* view) { chooseRow(static_cast<SBUIActionView*>(view)->index); }},
     {"SBAppSwitcherItem",
      [](UIView* view) {
-       home().switcherOpen = false;
+       homeState().switcherOpen = false;
        openApplication(text(view->accessibilityIdentifier));
      }},
-    {"SBPowerDownCancelButton", [](UIView*) { home().poweringDown = false; }},
+    {"SBPowerDownCancelButton", [](UIView*) { homeState().poweringDown = false; }},
 };
 
 // The first of the view and those it stands in that a tap means something to; nothing comes of it without one.
@@ -123,7 +124,7 @@ void tapView(UIView* hit) {
     for (const auto& [className, act] : taps)
       if (isKind(view, objc_getClass(className))) return act(view);
   if (hit == systemWindow(SystemWindow::quickActions)) closeList();
-  if (hit == systemWindow(SystemWindow::switcher)) home().switcherOpen = false;
+  if (hit == systemWindow(SystemWindow::switcher)) homeState().switcherOpen = false;
 }
 
 SBIcon* iconAt(UIView* hit) {
@@ -134,7 +135,7 @@ SBIcon* iconAt(UIView* hit) {
 
 SBDownloadingIcon* requireDownload(const std::string& application) {
   SBIcon* icon = requireIcon(application);
-  if (!isKind(icon, "SBDownloadingIcon"_cls)) throw BadRequest("\"" + application + "\" is not downloading");
+  if (!isKind(icon, "SBDownloadingIcon"_cls)) throw Refused("\"" + application + "\" is not downloading");
   return static_cast<SBDownloadingIcon*>(icon);
 }
 
@@ -154,10 +155,10 @@ void forceTouch(const std::string& name) {
 }
 
 void choose(const std::string& title) {
-  if (!openList()) throw BadRequest("No quick-action list is open");
+  if (!openList()) throw Refused("No quick-action list is open");
   const auto& entries = openList()->entries;
   const auto entry = std::find_if(entries.begin(), entries.end(), [&](const auto& e) { return e.title == title; });
-  if (entry == entries.end()) throw BadRequest("The quick-action list has no entry \"" + title + "\"");
+  if (entry == entries.end()) throw Refused("The quick-action list has no entry \"" + title + "\"");
   const auto index = static_cast<std::size_t>(entry - entries.begin());
   touches::reach(quickActionRow(index), title);
   chooseRow(index);
@@ -166,7 +167,7 @@ void choose(const std::string& title) {
 const std::optional<QuickActions>& quickActions() { return openList(); }
 
 void launch(const std::string& name) {
-  if (home().editing) throw BadRequest("Icons do not open while the home screen is being edited");
+  if (homeState().editing) throw Refused("Icons do not open while the home screen is being edited");
   launchIcon(reachIcon(name).first, name);
 }
 
@@ -183,7 +184,7 @@ void drag(CGPoint start, const std::vector<CGPoint>& samples) {
 
 void openSwitcher() {
   closeList();
-  home().switcherOpen = true;
+  homeState().switcherOpen = true;
 }
 
 void rotate(Orientation held) {
@@ -194,34 +195,34 @@ void rotate(Orientation held) {
 
 void pressHome() {
   closeList();
-  home().editing = false;
-  home().switcherOpen = false;
-  home().poweringDown = false;
-  home().frontmost.clear();
-  home().banners.clear();
+  homeState().editing = false;
+  homeState().switcherOpen = false;
+  homeState().poweringDown = false;
+  homeState().frontmost.clear();
+  homeState().banners.clear();
   showIcons();
 }
 
 void setEditing(bool on) {
   closeList();
-  home().editing = on;
+  homeState().editing = on;
   showIcons();
 }
 
 void lock() {
   closeList();
-  home().locked = true;
-  home().editing = false;
-  home().switcherOpen = false;
-  home().banners.clear();
+  homeState().locked = true;
+  homeState().editing = false;
+  homeState().switcherOpen = false;
+  homeState().banners.clear();
   platformActions().changeScreen({.off = true, .autoUnlock = false, .unlockSource = 0});
 }
 
 void unlock() {
-  home().locked = false;
-  home().screenOn = true;
-  home().poweringDown = false;
-  home().lockScreen.clear();
+  homeState().locked = false;
+  homeState().screenOn = true;
+  homeState().poweringDown = false;
+  homeState().lockScreen.clear();
   showIcons();
 }
 
@@ -238,7 +239,7 @@ void powerDown() {
 void notify(const std::string& application, const std::string& text, const NotificationPlaces& places,
             std::uint8_t modal) {
   if (SBApplicationController::shared()->applicationWithBundleIdentifier(ns(application)) == nullptr)
-    throw BadRequest("There is no application \"" + application + "\"");
+    throw Refused("There is no application \"" + application + "\"");
   const auto request = make<NCNotificationRequest>("NCNotificationRequest"_cls);
   request->sectionIdentifier = ns(application);
   request->text = text;

@@ -1,4 +1,4 @@
-// What a person does with the home screen. What it does not have is a `BadRequest`, which changes nothing.
+// What a person does with the home screen. What it does not have is a `Refused`, which changes nothing.
 // Icons go by their bundle identifier, web pages by their title.
 #pragma once
 

@@ -2,16 +2,16 @@
 
 namespace sim {
 
-Home& home() {
-  static Home state;
+HomeState& homeState() {
+  static HomeState state;
   return state;
 }
 
 void openApplication(const std::string& bundleIdentifier) {
-  home().frontmost = bundleIdentifier;
-  std::erase(home().switcher, bundleIdentifier);
-  home().switcher.insert(home().switcher.begin(), bundleIdentifier);
-  home().events.push_back("launched " + bundleIdentifier);
+  homeState().frontmost = bundleIdentifier;
+  std::erase(homeState().switcher, bundleIdentifier);
+  homeState().switcher.insert(homeState().switcher.begin(), bundleIdentifier);
+  homeState().events.push_back("launched " + bundleIdentifier);
 }
 
 }  // namespace sim

@@ -2,21 +2,14 @@
 #pragma once
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "simulator/device/generation.hpp"
 #include "simulator/runtime/encoding.hpp"
 #include "simulator/runtime/objc.hpp"
 
 namespace sim {
-
-enum class Generation { old, recent };
-
-/// A person asked for something that the home screen does not have. Nothing has changed.
-struct BadRequest : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
 
 /// A notification as it arrived at a place.
 struct DeliveredNotification {
@@ -44,7 +37,7 @@ struct PassedOn {
   std::vector<std::int64_t> values;
 };
 
-struct Home {
+struct HomeState {
   Generation generation = Generation::old;
   bool screenOn = true;
   bool locked = false;
@@ -53,7 +46,7 @@ struct Home {
   bool switcherOpen = false;
   std::string frontmost;              ///< the open application; empty on the home screen
   std::vector<std::string> switcher;  ///< bundle identifiers, latest first
-  std::vector<std::string> events;
+  std::vector<std::string> events;    ///< all that happened since the start
   std::vector<DeliveredNotification> banners, lockScreen;
   std::vector<Launch> launches;
   std::vector<PostedNotification> posted;     ///< what reached the platform's own methods
@@ -64,7 +57,7 @@ struct Home {
 };
 
 /// The one home screen of the process.
-Home& home();
+HomeState& homeState();
 
 /// Shows an application in front of the home screen.
 void openApplication(const std::string& bundleIdentifier);

@@ -7,6 +7,7 @@
 #include "simulator/homescreen/common/badge_store.hpp"
 #include "simulator/homescreen/common/measures.hpp"
 #include "simulator/homescreen/common/property_list.hpp"
+#include "simulator/homescreen/common/refused.hpp"
 #include "simulator/homescreen/common/shared_instance.hpp"
 
 namespace sim {
@@ -95,7 +96,7 @@ void showIcons() { rootFolder()->arrange(iconModel()->icons); }
 SBIcon* requireIcon(const std::string& idOrTitle) {
   SBIcon* icon = iconOfApplication(idOrTitle);
   if (icon == nullptr) icon = iconOfBookmark(idOrTitle);
-  if (icon == nullptr) throw BadRequest("There is no icon \"" + idOrTitle + "\" on the home screen");
+  if (icon == nullptr) throw Refused("There is no icon \"" + idOrTitle + "\" on the home screen");
   return icon;
 }
 
@@ -103,7 +104,7 @@ SBIconView* viewOf(SBIcon* icon) { return send<SBIconView*>(rootFolder(), "iconV
 
 void addDownloadingIcon(const std::string& bundleIdentifier) {
   if (iconOfApplication(bundleIdentifier) != nullptr)
-    throw BadRequest("\"" + bundleIdentifier + "\" is on the home screen already");
+    throw Refused("\"" + bundleIdentifier + "\" is on the home screen already");
   InstalledApplication placeholder;
   placeholder.bundleIdentifier = placeholder.name = bundleIdentifier;
   addIcon("SBDownloadingIcon"_cls, "initWithApplication:"_sel, SBApplicationController::shared()->update(placeholder));
@@ -116,8 +117,8 @@ void removeIcon(SBIcon* icon) {
   rootFolder()->remove(icon);
   std::erase(iconModel()->icons, kept);
   SBApplicationController::shared()->remove(identifier);
-  std::erase(home().switcher, identifier);
-  if (home().frontmost == identifier) home().frontmost.clear();
+  std::erase(homeState().switcher, identifier);
+  if (homeState().frontmost == identifier) homeState().frontmost.clear();
   showIcons();
 }
 

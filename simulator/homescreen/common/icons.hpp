@@ -15,7 +15,7 @@ void readInstalled();
 /// Lays dock and pages out, as whenever it comes into view.
 void showIcons();
 
-/// The icon of an application, or of a web page by its title. Throws `BadRequest`.
+/// The icon of an application, or of a web page by its title. Throws `Refused`.
 SBIcon* requireIcon(const std::string& idOrTitle);
 /// Nil while the icon has no view yet.
 SBIconView* viewOf(SBIcon* icon);

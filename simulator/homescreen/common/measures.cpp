@@ -49,7 +49,7 @@ constexpr Measures newTablet = [] {
 
 const Measures& measures() {
   const bool pad = idiom() == UIUserInterfaceIdiom::pad;
-  if (home().generation == Generation::old) return pad ? tablet : oldPhone;
+  if (homeState().generation == Generation::old) return pad ? tablet : oldPhone;
   return pad ? newTablet : newPhone;
 }
 

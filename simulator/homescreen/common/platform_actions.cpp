@@ -2,6 +2,6 @@
 
 namespace sim {
 
-const PlatformActions& platformActions() { return home().generation == Generation::old ? oldActions : newActions; }
+const PlatformActions& platformActions() { return homeState().generation == Generation::old ? oldActions : newActions; }
 
 }  // namespace sim

@@ -19,8 +19,8 @@ void requirePage(UIView* view, const std::string& name) {
   const auto page = rootFolder()->pageOf(static_cast<SBIconView*>(view));
   const auto shown = rootFolder()->currentPage();
   if (page && *page != shown)
-    throw BadRequest(quoted(name) + " is on page " + std::to_string(*page + 1) + ", and page " +
-                     std::to_string(shown + 1) + " is shown");
+    throw Refused(quoted(name) + " is on page " + std::to_string(*page + 1) + ", and page " +
+                  std::to_string(shown + 1) + " is shown");
 }
 
 std::vector<UIAlertController*> alertsFromTheTop() {
@@ -32,7 +32,7 @@ std::vector<UIAlertController*> alertsFromTheTop() {
 }
 
 void requireScreenOn(const std::string& what) {
-  if (!home().screenOn) throw Covered(what + ": the screen is off");
+  if (!homeState().screenOn) throw Covered(what + ": the screen is off");
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ void requireScreenOn(const std::string& what) {
 UIView* touched(CGPoint onScreen) {
   updateWindows();
   requireScreenOn("Nothing can be touched");
-  if (!contains(screenBounds(), onScreen)) throw BadRequest("The point lies outside the screen");
+  if (!contains(screenBounds(), onScreen)) throw Refused("The point lies outside the screen");
   return viewAt(onScreen);
 }
 
@@ -53,13 +53,13 @@ CGPoint reach(UIView* view, const std::string& name) {
   if (hit != nullptr && hit->isDescendantOfView(view)) return point;
   if (hit != nullptr) throw Covered(quoted(name) + " is covered by " + nameOf(hit->window()));
   requirePage(view, name);
-  throw BadRequest(quoted(name) + " is outside the screen");
+  throw Refused(quoted(name) + " is outside the screen");
 }
 
 Button requireButton(const std::string& title) {
   updateWindows();
   const auto alerts = alertsFromTheTop();
-  if (alerts.empty()) throw BadRequest("The topmost window shows no sheet or alert");
+  if (alerts.empty()) throw Refused("The topmost window shows no sheet or alert");
   for (UIAlertController* alert : alerts)
     for (UIAlertAction* action : alert->actions) {
       if (text(action->title) != title) continue;
@@ -69,13 +69,19 @@ Button requireButton(const std::string& title) {
       reach(button, title);
       return {alert, action};
     }
-  throw BadRequest("The sheet or alert has no button " + quoted(title));
+  throw Refused("The sheet or alert has no button " + quoted(title));
+}
+
+UIAlertController* topAlert() {
+  updateWindows();
+  const auto alerts = alertsFromTheTop();
+  return alerts.empty() ? nullptr : alerts.front();
 }
 
 UITextField* requireFocus() {
-  if (alertsFromTheTop().empty()) throw BadRequest("The topmost window shows no sheet or alert");
+  if (alertsFromTheTop().empty()) throw Refused("The topmost window shows no sheet or alert");
   UITextField* field = focusedField();
-  if (field == nullptr) throw BadRequest("The sheet or alert has no text field");
+  if (field == nullptr) throw Refused("The sheet or alert has no text field");
   requireScreenOn("Nothing can be typed");
   return field;
 }

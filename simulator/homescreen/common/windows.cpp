@@ -46,10 +46,10 @@ void addNotification(UIView* superview, CGRect frame, const DeliveredNotificatio
 
 void fillApplication(UIWindow* window) {
   const auto& known = SBApplicationController::shared()->applications;
-  const auto open = known.find(home().frontmost);
+  const auto open = known.find(homeState().frontmost);
   auto* view = addView(window, "SBApplicationView"_cls, window->bounds());
   view->backgroundColor = grey(1);
-  view->accessibilityIdentifier = ns(home().frontmost);
+  view->accessibilityIdentifier = ns(homeState().frontmost);
   if (open != known.end())
     addLabel(view, inset(view->bounds(), margin, top()), ns(open->second->info->application.name));
 }
@@ -100,7 +100,7 @@ void fillSwitcher(UIWindow* window) {
   window->backgroundColor = grey(0, 0.6);
   const CGSize screen = window->frame.size;
   CGPoint origin{margin, screen.height * (1 - scale) / 2};
-  for (const auto& identifier : home().switcher) {
+  for (const auto& identifier : homeState().switcher) {
     auto* card = addView(window, "SBAppSwitcherItem"_cls, {origin, {screen.width * scale, screen.height * scale}});
     card->backgroundColor = grey(1);
     card->accessibilityIdentifier = ns(identifier);
@@ -115,7 +115,7 @@ void fillLockScreen(UIWindow* window) {
   addLabel(window, {{0, top() + 2 * margin}, {width, clockHeight}}, ns(timeOfDay()),
            {.fontSize = 76, .color = grey(1)});
   CGFloat y = firstNotification;
-  for (const auto& delivered : home().lockScreen) {
+  for (const auto& delivered : homeState().lockScreen) {
     addNotification(window, {{margin, y}, {width - 2 * margin, notification}}, delivered);
     y += notification + margin;
   }
@@ -124,7 +124,7 @@ void fillLockScreen(UIWindow* window) {
 // One over the other: only the latest is seen.
 void fillBanners(UIWindow* window) {
   window->frame = {{margin, top()}, {window->frame.size.width - 2 * margin, measures().banner}};
-  for (const auto& delivered : home().banners) addNotification(window, window->bounds(), delivered);
+  for (const auto& delivered : homeState().banners) addNotification(window, window->bounds(), delivered);
 }
 
 void fillPowerSlider(UIWindow* window) {
@@ -151,13 +151,13 @@ struct Row {
 
 constexpr Row rows[] = {
     {-2, "the home screen", [] { return true; }, nullptr},
-    {-1, "the application", [] { return !home().frontmost.empty(); }, fillApplication},
+    {-1, "the application", [] { return !homeState().frontmost.empty(); }, fillApplication},
     {900, "the quick-action list", [] { return gestures::quickActions().has_value(); }, fillQuickActions},
     {1000, "the status bar", [] { return heldScreen().safeArea.top > 0; }, fillStatusBar},
-    {1040, "the application switcher", [] { return home().switcherOpen; }, fillSwitcher},
-    {1050, "the lock screen", [] { return home().locked; }, fillLockScreen},
-    {1060, "a banner", [] { return !home().banners.empty(); }, fillBanners},
-    {2100, "the power slider", [] { return home().poweringDown; }, fillPowerSlider},
+    {1040, "the application switcher", [] { return homeState().switcherOpen; }, fillSwitcher},
+    {1050, "the lock screen", [] { return homeState().locked; }, fillLockScreen},
+    {1060, "a banner", [] { return !homeState().banners.empty(); }, fillBanners},
+    {2100, "the power slider", [] { return homeState().poweringDown; }, fillPowerSlider},
 };
 
 std::array<Slot<UIWindow>, std::size(rows)>& windows() {
@@ -218,7 +218,7 @@ void updateWindows() {
 std::string nameOf(const UIWindow* window) {
   if (const auto known = which(window)) {
     const std::string name = rowOf(*known).name;
-    return known == SystemWindow::application ? name + " " + home().frontmost : name;
+    return known == SystemWindow::application ? name + " " + homeState().frontmost : name;
   }
   if (isKeyboardWindow(window)) return "the keyboard";
   const UIAlertController* alert = alertIn(window);

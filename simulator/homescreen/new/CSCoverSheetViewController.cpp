@@ -6,7 +6,7 @@
 namespace sim::recent {
 
 void CSCoverSheetViewController::viewWillAppear(RawBool animated) {
-  home().passedOn.push_back({"viewWillAppear:", {byteOf(animated)}});
+  homeState().passedOn.push_back({"viewWillAppear:", {byteOf(animated)}});
   sendSuper(this, "UIViewController"_cls, "viewWillAppear:"_sel, animated);
 }
 

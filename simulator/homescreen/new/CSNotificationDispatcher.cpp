@@ -4,7 +4,9 @@
 
 namespace sim::recent {
 
-void CSNotificationDispatcher::post(NCNotificationRequest* request) { home().lockScreen.push_back(delivered(request)); }
+void CSNotificationDispatcher::post(NCNotificationRequest* request) {
+  homeState().lockScreen.push_back(delivered(request));
+}
 
 void defineCSNotificationDispatcher() {
   ClassBuilder<CSNotificationDispatcher>("CSNotificationDispatcher", "NSObject")

@@ -11,10 +11,10 @@ struct SBHIconManager : Object {
   Ref<SBIconModel> iconModel;
 
   SBHIconManager* init();
-  BOOL isEditing() { return home().editing; }
+  BOOL isEditing() { return homeState().editing; }
   // A phone highlights and drags the icon; neither shows here.
   void addTouchedIconView(SBIconView*) {}
-  void iconTouchMoved(SBIcon*, id) { ++home().touchesMoved; }
+  void iconTouchMoved(SBIcon*, id) { ++homeState().touchesMoved; }
   /// The list as it is proposed.
   id shortcutItems(SBIconView*, id proposed) { return proposed; }
   /// Every entry may be activated.

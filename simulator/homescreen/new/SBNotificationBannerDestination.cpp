@@ -5,7 +5,7 @@
 namespace sim::recent {
 
 void SBNotificationBannerDestination::post(NCNotificationRequest* request) {
-  home().banners.push_back(delivered(request));
+  homeState().banners.push_back(delivered(request));
 }
 
 void defineSBNotificationBannerDestination() {

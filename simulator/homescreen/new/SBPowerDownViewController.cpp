@@ -7,7 +7,7 @@ namespace sim::recent {
 
 void SBPowerDownViewController::powerDownViewWillAnimateIn(UIView* powerDownView) {
   send(powerDownView, "setHidden:"_sel, BOOL{false});
-  home().poweringDown = true;
+  homeState().poweringDown = true;
 }
 
 void defineSBPowerDownViewController() {

@@ -28,8 +28,8 @@ void launch(SBIcon* icon, const std::string& identifier) {
 
 // The cover sheet is in front whenever the screen goes off, and when a locked one comes on.
 void changeScreen(const ScreenChange& change) {
-  home().screenOn = change.off == 0;
-  if (change.off != 0 || home().locked)
+  homeState().screenOn = change.off == 0;
+  if (change.off != 0 || homeState().locked)
     send(sharedInstance("CSCoverSheetViewController"_cls), "viewWillAppear:"_sel, BOOL{false});
 }
 

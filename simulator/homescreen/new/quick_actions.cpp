@@ -24,10 +24,10 @@ struct SystemEntry {
 
 constexpr SystemEntry systemEntries[] = {
     {"com.apple.springboardhome.application-shortcut-item.rearrange-icons", "Edit Home Screen",
-     [](const std::string&) { home().editing = true; }},
+     [](const std::string&) { homeState().editing = true; }},
     // A phone asks first, and so far nobody answers here.
     {"com.apple.springboardhome.application-shortcut-item.remove-app", "Delete App",
-     [](const std::string& identifier) { home().events.push_back("asked whether to delete " + identifier); }},
+     [](const std::string& identifier) { homeState().events.push_back("asked whether to delete " + identifier); }},
 };
 
 id proposedItems(id bundleIdentifier) {

@@ -5,8 +5,8 @@
 namespace sim::old {
 
 void SBDashBoardNotificationDispatcher::post(NCNotificationRequest* request, id coalesced) {
-  home().lockScreen.push_back(delivered(request));
-  home().posted.push_back({"lock screen", request->text, textOrNone(coalesced), {}, false});
+  homeState().lockScreen.push_back(delivered(request));
+  homeState().posted.push_back({"lock screen", request->text, textOrNone(coalesced), {}, false});
 }
 
 void defineSBDashBoardNotificationDispatcher() {

@@ -6,14 +6,14 @@
 namespace sim::old {
 
 void SBDashBoardViewController::setInScreenOffMode(RawBool off, RawBool autoUnlock) {
-  home().passedOn.push_back({"setInScreenOffMode:forAutoUnlock:", {byteOf(off), byteOf(autoUnlock)}});
-  home().screenOn = off == RawBool{};
+  homeState().passedOn.push_back({"setInScreenOffMode:forAutoUnlock:", {byteOf(off), byteOf(autoUnlock)}});
+  homeState().screenOn = off == RawBool{};
 }
 
 void SBDashBoardViewController::setInScreenOffModeFromSource(RawBool off, RawBool autoUnlock, NSInteger source) {
-  home().passedOn.push_back(
+  homeState().passedOn.push_back(
       {"setInScreenOffMode:forAutoUnlock:fromUnlockSource:", {byteOf(off), byteOf(autoUnlock), source}});
-  home().screenOn = off == RawBool{};
+  homeState().screenOn = off == RawBool{};
 }
 
 void defineSBDashBoardViewController() {

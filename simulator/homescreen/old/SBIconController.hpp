@@ -13,10 +13,10 @@ struct SBIconController : Object {
   Ref<SBIconViewMap> homescreenIconViewMap;
 
   SBIconController* init();
-  BOOL isEditing() { return home().editing; }
+  BOOL isEditing() { return homeState().editing; }
   // A phone highlights and drags the icon; neither shows here.
   void addTouchedIconView(SBIconView*) {}
-  void iconTouchMoved(SBIcon*, id) { ++home().touchesMoved; }
+  void iconTouchMoved(SBIcon*, id) { ++homeState().touchesMoved; }
   /// Every entry may be activated.
   BOOL shouldActivate(id, id, NSInteger, id) { return true; }
 };

@@ -6,10 +6,10 @@ namespace sim::old {
 
 void SBNotificationBannerDestination::post(NCNotificationRequest* request, id coalesced, RawBool modal, id sourceAction,
                                            const BlockLiteral* completion) {
-  home().banners.push_back(delivered(request));
-  home().posted.push_back(
+  homeState().banners.push_back(delivered(request));
+  homeState().posted.push_back(
       {"banner", request->text, textOrNone(coalesced), textOrNone(sourceAction), modal != RawBool{}});
-  home().passedOn.push_back(
+  homeState().passedOn.push_back(
       {"_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:", {byteOf(modal)}});
   BlockRef{completion}(BOOL{true});
 }

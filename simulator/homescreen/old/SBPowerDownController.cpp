@@ -5,7 +5,7 @@
 
 namespace sim::old {
 
-void SBPowerDownController::orderFront() { home().poweringDown = true; }
+void SBPowerDownController::orderFront() { homeState().poweringDown = true; }
 
 void defineSBPowerDownController() {
   ClassBuilder<SBPowerDownController>("SBPowerDownController", "NSObject")

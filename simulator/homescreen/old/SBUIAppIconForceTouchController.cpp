@@ -58,7 +58,7 @@ void SBUIAppIconForceTouchController::change(NSInteger newState) {
 }
 
 NSInteger SBUIAppIconForceTouchController::currentState() {
-  ++home().forceTouchStateAsked;
+  ++homeState().forceTouchStateAsked;
   return state;
 }
 

@@ -66,7 +66,7 @@ void postBanner(NCNotificationRequest* request, std::uint8_t modal) {
   send(sharedInstance("SBNotificationBannerDestination"_cls),
        "_postNotificationRequest:forCoalescedNotification:modal:sourceAction:completion:"_sel, request,
        coalesced(request), RawBool{modal}, ns("source of " + request->text),
-       makeBlock<void(BOOL)>([text = request->text] { home().completedBanners.push_back(text); }));
+       makeBlock<void(BOOL)>([text = request->text] { homeState().completedBanners.push_back(text); }));
 }
 
 }  // namespace

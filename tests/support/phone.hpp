@@ -1,11 +1,11 @@
-// A home screen for one test: a device of its own, the library mapped, and words for what a person does.
+// A phone for one test, and words for what a test looks at.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <functional>
 
-#include "simulator/control/home_screen.hpp"
+#include "simulator/control/phone.hpp"
 #include "simulator/device/files.hpp"
 
 namespace test {
@@ -26,16 +26,15 @@ struct App {
   bool hasCaches = true;
 };
 
-/// One test's home screen. Nothing runs before `boot` or the first gesture.
-class Home {
- public:
-  explicit Home(sim::Generation generation, sim::HomeScreen::Options options = {});
+/// A folder that lasts longer than the phone on it.
+struct OwnFolder {
+  sim::TemporaryFolder folder;
+};
 
-  sim::HomeScreen* operator->();
-  sim::HomeScreen& operator*();
-  /// May be changed until the first gesture.
-  sim::HomeScreen::Options& options() { return options_; }
-  sim::Device& device() { return device_; }
+/// One test's phone: a device of its own, and the library mapped. Nothing runs before `boot` or the first gesture.
+class Phone : private OwnFolder, public sim::Phone {
+ public:
+  explicit Phone(sim::Generation generation, sim::Phone::Options options = {});
 
   /// A file or folder of the device, given by its path on the phone.
   std::filesystem::path path(const std::string& onPhone) const;
@@ -43,8 +42,6 @@ class Home {
   std::filesystem::path container(const std::string& id) const;
   std::filesystem::path bundle(const std::string& id) const;
   void install(const App& app);
-  /// Takes the application from the device and from the home screen.
-  void uninstall(const std::string& id);
   /// The samples include the file manager.
   void removeFileManager();
   /// Gives the icon a badge, a number or a text, and every other icon none.
@@ -52,23 +49,18 @@ class Home {
   /// A file of that size below the application's caches.
   void addCache(const std::string& id, const std::string& name, std::uint64_t size);
 
-  /// Writes settings, "KEY=VALUE", and tells the process if it runs.
-  Home& settings(const std::vector<std::string>& pairs);
   /// Opens the menu of the application by a swipe.
-  Home& openMenu(const std::string& id = "com.example.test");
+  Phone& openMenu(const std::string& id = "com.example.test");
   /// The platform tells of a finger on the icon whatever lies over it: one that came down before that did.
-  Home& touchInSpite(const std::string& id);
+  Phone& touchInSpite(const std::string& id);
   /// Asks for the application's menu as a swipe does, whatever lies over its icon.
-  Home& openMenuInSpite(const std::string& id = "com.example.test");
-  /// Swipes up on the icon by one sample.
-  Home& swipeUp(const std::string& id, double dx = 0, double dy = -20);
+  Phone& openMenuInSpite(const std::string& id = "com.example.test");
 
   /// Opens the dialog that renames the application.
-  Home& openRenameDialog(const std::string& id = "com.example.test");
+  Phone& openRenameDialog(const std::string& id = "com.example.test");
   /// Renames the application by that dialog.
-  Home& rename(const std::string& id, const std::string& name);
+  Phone& rename(const std::string& id, const std::string& name);
 
-  Screen screen();
   /// Fails the test when there is no such icon.
   sim::IconOnScreen icon(const std::string& id);
   /// The alert or sheet of the topmost window; fails the test when there is none.
@@ -85,17 +77,13 @@ class Home {
   /// Writes a name, or something else, into the settings file and tells nobody.
   void storeFromOutside(const std::string& id, const nlohmann::ordered_json& name);
   /// The log entries that `action` adds, messages included.
-  std::vector<sim::HomeScreen::Call> callsDuring(const std::function<void()>& action);
+  std::vector<sim::Phone::Call> callsDuring(const std::function<void()>& action);
+  using sim::Phone::live;
   /// How many objects of that class are alive; "blocks" counts copied blocks.
   long live(const std::string& name);
 
  private:
-  void rescan();
-
-  sim::TemporaryFolder folder_;
-  sim::Device device_;
-  sim::HomeScreen::Options options_;
-  std::optional<sim::HomeScreen> process_;
+  void rescanIfBooted();
 };
 
 /// Everything below a folder, by path: its mode, and its content or where its link points to.
@@ -107,7 +95,7 @@ std::string runInside(const sim::Device& device, const std::string& program);
 /// Every behaviour is tested on both generations.
 class Generations : public testing::TestWithParam<sim::Generation> {
  protected:
-  Home home{GetParam()};
+  Phone phone{GetParam()};
   bool isOld() const { return GetParam() == sim::Generation::old; }
   /// A phone's screen, held upright.
   sim::Frame bounds() const { return {0, 0, 375, isOld() ? 667.0 : 812.0}; }
@@ -115,11 +103,11 @@ class Generations : public testing::TestWithParam<sim::Generation> {
 };
 class OldGeneration : public testing::Test {
  protected:
-  Home home{sim::Generation::old};
+  Phone phone{sim::Generation::old};
 };
 class NewGeneration : public testing::Test {
  protected:
-  Home home{sim::Generation::recent};
+  Phone phone{sim::Generation::recent};
 };
 
 inline const auto bothGenerations = testing::Values(sim::Generation::old, sim::Generation::recent);

@@ -1,4 +1,4 @@
-#include "tests/support/home.hpp"
+#include "tests/support/phone.hpp"
 
 #include <algorithm>
 #include <stdexcept>
@@ -12,12 +12,10 @@ namespace {
 using Json = nlohmann::ordered_json;
 namespace fs = std::filesystem;
 
-constexpr double wellAboveAnyThreshold = 20;
 // In seconds: the rename dialog has come, and a new menu may open.
 constexpr double longerThanAnyGuard = 1;
 
-sim::HomeScreen::Options prepared(sim::HomeScreen::Options options, sim::Generation generation,
-                                  const fs::path& device) {
+sim::Phone::Options prepared(sim::Phone::Options options, sim::Generation generation, const fs::path& device) {
   options.generation = generation;
   options.device = device;
   options.buildFolder = buildFolder;
@@ -33,22 +31,15 @@ void write(const fs::path& file, const Json& content) {
 
 }  // namespace
 
-Home::Home(sim::Generation generation, sim::HomeScreen::Options options)
-    : device_(folder_.path() / "device"), options_(prepared(std::move(options), generation, device_.root())) {}
+Phone::Phone(sim::Generation generation, sim::Phone::Options options)
+    : sim::Phone(prepared(std::move(options), generation, folder.path() / "device")) {}
 
-sim::HomeScreen& Home::operator*() {
-  if (!process_) process_.emplace(options_);
-  return *process_;
-}
+fs::path Phone::path(const std::string& onPhone) const { return device().root() / onPhone.substr(1); }
 
-sim::HomeScreen* Home::operator->() { return &**this; }
+fs::path Phone::container(const std::string& id) const { return path(device().application(id)->data.string()); }
+fs::path Phone::bundle(const std::string& id) const { return path(device().application(id)->bundle.string()); }
 
-fs::path Home::path(const std::string& onPhone) const { return device_.root() / onPhone.substr(1); }
-
-fs::path Home::container(const std::string& id) const { return path(device_.application(id)->data.string()); }
-fs::path Home::bundle(const std::string& id) const { return path(device_.application(id)->bundle.string()); }
-
-void Home::install(const App& app) {
+void Phone::install(const App& app) {
   Json info{{"CFBundleIdentifier", app.id}, {"CFBundleDisplayName", app.name}, {"CFBundleShortVersionString", "2.5"}};
   for (const auto& [key, value] : app.info.items()) {
     if (value.is_null()) {
@@ -65,118 +56,97 @@ void Home::install(const App& app) {
     fs::create_directories(data / "Documents");
     fs::create_directories(data / (app.hasCaches ? "Library/Caches" : "Library"));
   }
-  rescan();
+  rescanIfBooted();
 }
 
-void Home::uninstall(const std::string& id) {
-  device_.uninstall(id);
-  rescan();
-}
+void Phone::removeFileManager() { setFilzaInstalled(false); }
 
-void Home::removeFileManager() {
-  device_.setFilzaInstalled(false);
-  rescan();
-}
-
-void Home::setBadge(const std::string& id, const Json& badge) {
+void Phone::setBadge(const std::string& id, const Json& badge) {
   write(path("/var/mobile/Library/SpringBoard/applicationState.plist"), {{id, {{"badge", badge}}}});
-  rescan();
+  rescanIfBooted();
 }
 
-void Home::rescan() {
-  if (process_) process_->rescan();
+void Phone::rescanIfBooted() {
+  if (booted()) rescan();
 }
 
-void Home::addCache(const std::string& id, const std::string& name, std::uint64_t size) {
+void Phone::addCache(const std::string& id, const std::string& name, std::uint64_t size) {
   sim::writeSparseFile(container(id) / "Library/Caches" / name, size);
 }
 
-Home& Home::settings(const std::vector<std::string>& pairs) {
-  if (process_) {
-    process_->settings(pairs);
-  } else {
-    device_.setSettings(pairs);
-  }
+Phone& Phone::touchInSpite(const std::string& id) {
+  ask("perform", {{"selector", "_addTouchedIconView:"}, {"view", id}});
   return *this;
 }
 
-Home& Home::openMenu(const std::string& id) { return swipeUp(id, 0, -wellAboveAnyThreshold); }
-
-Home& Home::touchInSpite(const std::string& id) {
-  (**this).ask("perform", {{"selector", "_addTouchedIconView:"}, {"view", id}});
-  return *this;
-}
-
-Home& Home::openMenuInSpite(const std::string& id) {
+Phone& Phone::openMenuInSpite(const std::string& id) {
   touchInSpite(id);
-  (**this).perform("showAlertView");
+  perform("showAlertView");
   return *this;
 }
 
-Home& Home::swipeUp(const std::string& id, double dx, double dy) {
-  (**this).swipe(id, {{dx, dy}});
+Phone& Phone::openMenu(const std::string& id) {
+  swipeUp(id);
   return *this;
 }
 
-Home& Home::openRenameDialog(const std::string& id) {
+Phone& Phone::openRenameDialog(const std::string& id) {
   openMenu(id);
-  (**this).tap("Rename App").advance(longerThanAnyGuard);
+  tap("Rename App").advance(longerThanAnyGuard);
   return *this;
 }
 
-Home& Home::rename(const std::string& id, const std::string& name) {
+Phone& Phone::rename(const std::string& id, const std::string& name) {
   openRenameDialog(id);
-  (**this).type(name).tap("Apply");
+  type(name).tap("Apply");
   return *this;
 }
 
-sim::IconOnScreen Home::icon(const std::string& id) {
+sim::IconOnScreen Phone::icon(const std::string& id) {
   const Screen seen = screen();
   const auto* found = seen.icon(id);
   if (found == nullptr) throw std::runtime_error("no icon " + id);
   return *found;
 }
 
-std::optional<std::string> Home::storedName(const std::string& id) const {
+std::optional<std::string> Phone::storedName(const std::string& id) const {
   const auto settings = sim::PropertyList::read(settingsFile());
   return settings ? settings->text(id) : std::nullopt;
 }
 
-void Home::storeFromOutside(const std::string& id, const Json& name) {
+void Phone::storeFromOutside(const std::string& id, const Json& name) {
   auto settings = sim::PropertyList::read(settingsFile()).value_or(sim::PropertyList());
   settings.set(id, name);
   settings.write(settingsFile());
 }
 
-std::vector<sim::HomeScreen::Call> Home::callsDuring(const std::function<void()>& action) {
-  const auto before = static_cast<std::ptrdiff_t>((**this).logMessages(true).calls().size());
+std::vector<sim::Phone::Call> Phone::callsDuring(const std::function<void()>& action) {
+  const auto before = static_cast<std::ptrdiff_t>(logMessages(true).calls().size());
   action();
-  auto calls = (**this).logMessages(false).calls();
+  auto calls = logMessages(false).calls();
   calls.erase(calls.begin(), calls.begin() + before);
   return calls;
 }
 
-Screen Home::screen() { return (**this).screen(); }
+AlertOnScreen Phone::alert() { return sheet(); }
 
-AlertOnScreen Home::alert() { return (**this).sheet(); }
+bool Phone::showsAlert() { return screen().topAlert() != nullptr; }
 
-bool Home::showsAlert() { return screen().topAlert() != nullptr; }
+std::vector<std::string> Phone::buttons() { return alert().titles(); }
 
-std::vector<std::string> Home::buttons() { return alert().titles(); }
-
-bool Home::hasButton(const std::string& title) {
+bool Phone::hasButton(const std::string& title) {
   const auto titles = buttons();
   return std::find(titles.begin(), titles.end(), title) != titles.end();
 }
 
-std::string Home::cacheTitle() {
+std::string Phone::cacheTitle() {
   for (const auto& title : buttons())
     if (title.rfind("Clear Caches", 0) == 0) return title;
   return "no cache entry";
 }
 
-long Home::live(const std::string& name) {
-  const auto counts = (**this).live();
+long Phone::live(const std::string& name) {
+  const auto counts = live();
   const auto found = counts.find(name);
   return found != counts.end() ? found->second : 0;
 }
@@ -194,7 +164,7 @@ std::map<std::string, std::string> filesBelow(const fs::path& folder) {
 }
 
 std::string runInside(const sim::Device& device, const std::string& program) {
-  sim::SandboxedProcess process(device.root(), buildFolder, {"/run/simulator/" + program}, {});
+  sim::SandboxedProcess process(device.root(), {{buildFolder, "/run/simulator"}}, {"/run/simulator/" + program}, {});
   if (const auto status = process.end(std::chrono::seconds(60)); status != 0)
     throw std::runtime_error(program + " failed: " + process.output());
   // Foundation may have something to say before.

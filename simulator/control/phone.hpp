@@ -1,156 +1,154 @@
-// The home screen as a person has it in the hand: everything he can do, and everything he can see.
+// A phone as a person holds it: everything he can do, and everything he can see.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
-#include "simulator/control/error.hpp"
+#include "simulator/control/process.hpp"
 #include "simulator/control/screen.hpp"
 #include "simulator/device/device.hpp"
-#include "simulator/device/files.hpp"
-#include "simulator/device/sandbox.hpp"
+#include "simulator/device/error.hpp"
 #include "simulator/preferences/preferences_daemon.hpp"
 
 namespace sim {
-
-enum class Generation { old, recent };
 
 /// A finger's way from one touch sample to the next, in points; down and right are positive.
 struct TouchSample {
   double dx = 0, dy = 0;
 };
 
-/// A booted home screen. What he does reads as a sentence, since every action gives the home screen back:
-/// `home.forceTouch("com.example.notes").choose("Sprigdial")`. An action that cannot be done throws `BadInput` and
-/// changes nothing; `HomeScreenDied` tells that the process ended.
-class HomeScreen {
+/// A device and the home screen that runs on it. The home screen boots when it is first asked for something: until then
+/// what it runs with may be changed. What he does reads as a sentence, since every action gives the phone back:
+/// `phone.forceTouch("com.example.notes").choose("Sprigdial")`. An action that cannot be done throws `BadInput` and
+/// changes nothing; `HomeScreenDied` tells that the process ended. Several threads may ask at once.
+class Phone {
  public:
-  struct Options {
-    Generation generation = Generation::old;
-    std::optional<double> coreVersion;  ///< the core library's version; without it the generation's own
-    bool tablet = false;
-    std::filesystem::path device;                         ///< its folder; made when missing
-    std::filesystem::path buildFolder = programFolder();  ///< where SpringBoard and Sprigdial.so are
-    std::optional<double> clock;                          ///< seconds since 1970; without it the clock starts now
-    std::optional<std::string> timeZone;                  ///< such as "Europe/Rome"; without it this process's own
-    bool live = false;                                    ///< the clock runs by itself
-    std::string library = "/run/simulator/Sprigdial.so";  ///< the add-on, by its path on the device; "" for none
-    std::map<std::string, std::string> environment;       ///< of the process, besides the usual
-    std::vector<std::string> interposed;                  ///< methods, "CLASS SELECTOR" or "+CLASS SELECTOR"
-  };
+  using Options = ProcessOptions;
 
-  /// Boots; returns when the home screen is up.
-  explicit HomeScreen(Options options);
-  ~HomeScreen();
+  /// Opens the device, or makes it when there is none.
+  explicit Phone(Options options);
+  ~Phone();
+  Phone(const Phone&) = delete;
+  Phone& operator=(const Phone&) = delete;
 
-  const Options& options() const { return options_; }
+  /// What the home screen runs with, the next time that it boots.
+  Options& options() { return options_; }
   Device& device() { return device_; }
+  const Device& device() const { return device_; }
 
+  /// Boots, unless it runs; returns when the home screen is up.
+  Phone& boot();
+  bool booted() const;
   /// Ends the process and starts a new one on the same device; the clock goes on where it stood.
-  HomeScreen& respring();
+  Phone& respring();
   /// The process is killed and comes up again, as after a crash: nothing that it has in memory is left, while the
   /// preferences daemon goes on.
-  HomeScreen& crash();
+  Phone& crash();
   /// Ends the process and waits for it. Throws `HomeScreenDied` when it did not end well.
   void shutDown();
 
   /// A finger is put on an icon and taken away, without a tap.
-  HomeScreen& touch(std::string_view id);
+  Phone& touch(std::string_view id);
   /// A finger drags on an icon, sample by sample.
-  HomeScreen& swipe(std::string_view id, const std::vector<TouchSample>& samples);
+  Phone& swipe(std::string_view id, const std::vector<TouchSample>& samples);
   /// Three samples straight up, or down, each of 20 points.
-  HomeScreen& swipeUp(std::string_view id);
-  HomeScreen& swipeDown(std::string_view id);
+  Phone& swipeUp(std::string_view id);
+  Phone& swipeDown(std::string_view id);
   /// Opens the icon's quick-action list.
-  HomeScreen& forceTouch(std::string_view id);
+  Phone& forceTouch(std::string_view id);
   /// Chooses an entry of the open quick-action list.
-  HomeScreen& choose(std::string_view title);
+  Phone& choose(std::string_view title);
   /// Taps a button of the topmost window's sheet or alert. As much time passes as the alert takes to come, if it still
   /// does, and to go; then the button's handler has run.
-  HomeScreen& tap(std::string_view title);
+  Phone& tap(std::string_view title);
   /// The same, but no time passes once the finger is lifted: the alert has still to go, before the button's handler
   /// runs.
-  HomeScreen& tapLate(std::string_view title);
-  /// The same as a tap, but goes on when the tap starts a program that the home screen then waits for. Until the
-  /// program's end the screen can be looked at; whatever else is done waits for it.
-  HomeScreen& tapAndGoOn(std::string_view title);
-  /// Types over the text of the topmost alert's first text field, on the keyboard that is up.
-  HomeScreen& type(std::string_view text);
+  Phone& tapLate(std::string_view title);
+  /// The same as a tap, but goes on as soon as the home screen waits for a program that the tap starts.
+  Phone& tapAndGoOn(std::string_view title);
+  /// Waits until the home screen waits for no program.
+  Phone& finishWaiting();
+  /// Types over the text of the text field that has the focus, on the keyboard that is up.
+  Phone& type(std::string_view text);
   /// Pastes in the place of that text.
-  HomeScreen& paste(std::string_view text);
+  Phone& paste(std::string_view text);
   /// Taps the field's clear button.
-  HomeScreen& clear();
+  Phone& clear();
   /// Taps the icon: the application opens.
-  HomeScreen& launch(std::string_view id);
+  Phone& launch(std::string_view id);
   /// Presses the home button.
-  HomeScreen& home();
-  HomeScreen& edit(bool on);
-  HomeScreen& lock();
-  HomeScreen& unlock();
+  Phone& home();
+  Phone& edit(bool on);
+  Phone& lock();
+  Phone& unlock();
 
   /// What the old generation's cover sheet is told when the screen goes off or on.
   struct ScreenMode {
     std::optional<int> mode, autoUnlock;  ///< NO and YES, or any other byte
     std::optional<int> source;            ///< with it, by the longer method
   };
-  HomeScreen& screenOff(const ScreenMode& mode = {});
-  HomeScreen& screenOn(const ScreenMode& mode = {});
+  Phone& screenOff(const ScreenMode& mode = {});
+  Phone& screenOn(const ScreenMode& mode = {});
   /// Brings the power-down slider up.
-  HomeScreen& powerDown();
+  Phone& powerDown();
   /// A notification of the application arrives, at those of the places "screen", "sound", "lock screen" and
   /// "banner" that he lets it appear at.
-  HomeScreen& notify(std::string_view id, std::string_view text,
-                     const std::vector<std::string>& places = {"screen", "sound", "lock screen", "banner"});
+  Phone& notify(std::string_view id, std::string_view text,
+                const std::vector<std::string>& places = {"screen", "sound", "lock screen", "banner"});
   /// A downloading icon appears, is asked whether it is one, is removed by the user.
-  HomeScreen& startDownload(std::string_view id);
-  HomeScreen& askDownload(std::string_view id);
-  HomeScreen& removeDownload(std::string_view id);
+  Phone& startDownload(std::string_view id);
+  Phone& askDownload(std::string_view id);
+  Phone& removeDownload(std::string_view id);
   /// Installs an application archive; its icon appears. Gives what was installed.
   Device::Application install(const std::filesystem::path& archive);
+  /// Takes an application away, with its data and its icon.
+  Phone& uninstall(std::string_view id);
   /// The file manager comes or goes.
-  HomeScreen& setFilzaInstalled(bool installed);
+  Phone& setFilzaInstalled(bool installed);
   /// Changes settings, texts KEY=VALUE, in a settings pane that writes the file itself, past the preferences daemon, so
   /// that the add-on finds them there when it is told.
-  HomeScreen& settings(const std::vector<std::string>& assignments);
+  Phone& settings(const std::vector<std::string>& assignments);
   /// The same in a pane that leaves the file to the preferences daemon, which writes it when it likes.
-  HomeScreen& settingsThroughDaemon(const std::vector<std::string>& assignments);
+  Phone& settingsThroughDaemon(const std::vector<std::string>& assignments);
   /// The preferences daemon writes at once what has changed.
-  HomeScreen& flush();
+  Phone& flush();
   /// Posts a Darwin notification.
-  HomeScreen& post(std::string_view name);
+  Phone& post(std::string_view name);
   /// Lets time pass.
-  HomeScreen& advance(double seconds);
+  Phone& advance(double seconds);
   /// Sets the clock, in seconds since 1970, forwards or backwards. No time passes.
-  HomeScreen& setClock(double seconds);
+  Phone& setClock(double seconds);
   /// Whether sheets and alerts take their time to come and to go.
-  HomeScreen& animations(bool on);
+  Phone& animations(bool on);
   /// Looks for applications that came or went on the device.
-  HomeScreen& rescan();
+  Phone& rescan();
   /// Sends a message without arguments to the menu host, or to the shared object of the class named.
-  HomeScreen& perform(std::string_view selector, std::optional<std::string> className = {});
-
+  Phone& perform(std::string_view selector, std::optional<std::string> className = {});
   /// The same with arguments, six at most, each as wide as a register.
-  HomeScreen& performWith(std::string_view selector, const std::vector<std::int64_t>& arguments,
-                          std::optional<std::string> className = {});
+  Phone& performWith(std::string_view selector, const std::vector<std::int64_t>& arguments,
+                     std::optional<std::string> className = {});
 
   /// Tells what becomes of an interposed method's next call: members of the verb `interpose`, "do" among them.
-  HomeScreen& interpose(std::string_view method, nlohmann::json members);
+  Phone& interpose(std::string_view method, nlohmann::json members);
   /// How often each interposed method was called.
   std::map<std::string, long> interposedCalls();
   /// Asks as `ask` does. Whether an exception came out of it, or of what was due after it; it is caught.
   bool raises(const std::string& verb, nlohmann::json members = nlohmann::json::object());
 
-  /// Everything he sees now. The events are told once.
+  /// Everything he sees now.
   Screen screen();
+  /// What happened since the start, but for the first `since`: "screen woken by ID", "sound for ID", "launched ID …".
+  std::vector<std::string> events(std::size_t since = 0);
   /// The topmost window's sheet or alert. Throws `BadInput` when there is none.
   AlertOnScreen sheet();
   /// The clock, in seconds since 1970.
@@ -180,7 +178,7 @@ class HomeScreen {
   };
   /// What the library hooked, added, observed, posted and, while messages are logged, sent.
   std::vector<Call> calls();
-  HomeScreen& logMessages(bool on);
+  Phone& logMessages(bool on);
   struct DarwinObserver {
     std::string name;
     nlohmann::json observer, object;
@@ -203,7 +201,7 @@ class HomeScreen {
   /// The number of live objects by class, and of blocks.
   std::map<std::string, long> live();
   /// What the process wrote to its standard output and error.
-  std::string output() const { return process_->output(); }
+  std::string output();
 
   /// Asks the process by the protocol's words; returns the value.
   nlohmann::json ask(const std::string& verb, nlohmann::json members = nlohmann::json::object());
@@ -214,20 +212,24 @@ class HomeScreen {
   double seconds() const { return seconds_; }
 
  private:
-  void start();
-  void startAnew(const std::function<void(SandboxedProcess&)>& end);
-  HomeScreen& act(const std::string& verb, nlohmann::json members = nlohmann::json::object());
-  void request(const std::string& verb, nlohmann::json members);
-  std::string readLine();
-  [[noreturn]] void died(const std::string& reason);
+  std::shared_ptr<Process> running();
+  std::shared_ptr<Process> take();
+  Phone& startAnew(const std::function<void(Process&)>& end);
+  Phone& act(const std::string& verb, nlohmann::json members = nlohmann::json::object());
+  /// A change of the device that a home screen notices when it runs.
+  Phone& noticed();
+  /// The entries of a log from that place on.
+  nlohmann::json log(const std::string& verb, std::size_t since = 0);
+  nlohmann::json exchange(nlohmann::json request);
+  [[noreturn]] void died(Process& process, const std::string& reason);
 
   Options options_;
   Device device_;
-  PreferencesDaemon preferences_;
-  std::unique_ptr<SandboxedProcess> process_;
+  std::optional<PreferencesDaemon> preferences_;  ///< from the first boot on
+  mutable std::mutex mutex_;
+  std::shared_ptr<Process> process_;
   std::optional<std::int64_t> uptime_;  ///< in nanoseconds, of the home screen before
-  std::string unread_;
-  double seconds_ = 0;
+  std::atomic<double> seconds_ = 0;
 };
 
 }  // namespace sim
