@@ -19,7 +19,7 @@ std::vector<std::string> command(const std::string& generation, const std::vecto
 
 }  // namespace
 
-Wire::Wire(const sim::Device& device, const std::string& generation, std::vector<std::string> options)
+Wire::Wire(const sim::Device& device, const std::string& generation, const std::vector<std::string>& options)
     : process_(device.root(), {{buildFolder, "/run/simulator"}}, command(generation, options), {}) {}
 
 void Wire::send(const std::string& line) {

@@ -17,7 +17,7 @@ class Wire {
   using Json = nlohmann::json;
 
   /// Starts the process on the device with the library and these further options.
-  Wire(const sim::Device& device, const std::string& generation, std::vector<std::string> options = {});
+  Wire(const sim::Device& device, const std::string& generation, const std::vector<std::string>& options = {});
 
   /// Sends a line as it is.
   void send(const std::string& line);
