@@ -26,7 +26,7 @@ link_home_screen_process(platform-probe)
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS tests/*_test.cpp tests/support/*.cpp)
 if(SANITIZE)
   # What the files are made of is asked of the builds that are used.
-  list(REMOVE_ITEM test_sources ${PROJECT_SOURCE_DIR}/tests/loader/library_file_test.cpp)
+  list(FILTER test_sources EXCLUDE REGEX tests/package/|tests/loader/library_file_test.cpp)
 endif()
 add_executable(sprigdial-tests ${test_sources})
 target_link_libraries(sprigdial-tests PRIVATE simulator_control GTest::gtest_main PkgConfig::PNG PkgConfig::ARCHIVE)
