@@ -36,7 +36,8 @@ target_precompile_headers(sprigdial-tests PRIVATE tests/support/phone.hpp)
 set_source_files_properties(tests/support/places.cpp PROPERTIES SKIP_PRECOMPILE_HEADERS ON COMPILE_DEFINITIONS
   "SOURCE_DIR=\"${PROJECT_SOURCE_DIR}\";BUILD_DIR=\"${CMAKE_BINARY_DIR}\";DRIVER=\"$<TARGET_FILE:home-screen>\";\
 MINIMAL_HOST=\"$<TARGET_FILE:minimal-host>\";PC_LIBRARY=\"$<TARGET_FILE:Sprigdial>\";\
-DEVICE_LIBRARY=\"${PROJECT_SOURCE_DIR}/build/device/Sprigdial.dylib\"")
+DEVICE_LIBRARY=\"${PROJECT_SOURCE_DIR}/build/device/Sprigdial.dylib\";\
+DEVICE_PACKAGE=\"${PROJECT_SOURCE_DIR}/build/device/com.morvanel.sprigdial_${PROJECT_VERSION}_iphoneos-arm.deb\"")
 add_dependencies(sprigdial-tests SpringBoard cfprefsd installd home-screen minimal-host settings-probe
   property-list-probe platform-probe Sprigdial-unoptimised)
 

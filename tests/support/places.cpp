@@ -8,5 +8,6 @@ const char* const driver = DRIVER;
 const char* const minimalHost = MINIMAL_HOST;
 const char* const pcLibrary = PC_LIBRARY;
 const char* const deviceLibrary = DEVICE_LIBRARY;
+const char* const devicePackage = DEVICE_PACKAGE;
 
 }  // namespace test
