@@ -1,4 +1,4 @@
-# One program holds all tests; CTest runs every test in a process of its own.
+# One program holds all tests; CTest starts it once for each suite.
 enable_testing()
 find_package(GTest REQUIRED)
 
@@ -41,11 +41,14 @@ DEVICE_PACKAGE=\"${PROJECT_SOURCE_DIR}/build/device/com.morvanel.sprigdial_${PRO
 add_dependencies(sprigdial-tests SpringBoard cfprefsd installd home-screen minimal-host settings-probe
   property-list-probe platform-probe Sprigdial-unoptimised)
 
-include(GoogleTest)
 # What the runtime and Foundation keep for the life of a process is no leak.
 set(sanitizer_environment "ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1")
-gtest_discover_tests(sprigdial-tests DISCOVERY_TIMEOUT 60
-  PROPERTIES TIMEOUT 300 ENVIRONMENT "${sanitizer_environment}")
+set(suites ${CMAKE_BINARY_DIR}/suites.cmake)
+add_custom_command(TARGET sprigdial-tests POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E env ${sanitizer_environment} ${CMAKE_COMMAND} -D PROGRAM=$<TARGET_FILE:sprigdial-tests>
+    -D OUTPUT=${suites} -D ENVIRONMENT=${sanitizer_environment} -P ${PROJECT_SOURCE_DIR}/cmake/DiscoverSuites.cmake
+  VERBATIM)
+set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${suites})
 
 # The example scripts are played as they stand.
 file(GLOB scripts CONFIGURE_DEPENDS scripts/*.txt)
