@@ -28,9 +28,9 @@
 #include "simulator/homescreen/common/classes.hpp"
 #include "simulator/homescreen/common/home.hpp"
 #include "simulator/homescreen/common/measures.hpp"
+#include "simulator/runtime/add_ons.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/interposition.hpp"
-#include "simulator/runtime/library.hpp"
 #include "simulator/runtime/main_queue.hpp"
 #include "simulator/runtime/waiting.hpp"
 
@@ -48,7 +48,6 @@ struct Options {
   std::int64_t uptime = 0;      // nanoseconds
   bool live = false;
   std::vector<std::string> interposed;  // methods
-  std::string library;
   bool resumePreferences = false;
   bool verbs = false;  // it says what it can be asked for, and ends
 };
@@ -97,7 +96,6 @@ constexpr OptionRow optionRows[] = {
     {"uptime", required_argument, [](Options& o, const char* value) { o.uptime = nanoseconds(value); }},
     {"live", no_argument, [](Options& o, const char*) { o.live = true; }},
     {"interpose", required_argument, [](Options& o, const char* value) { o.interposed.emplace_back(value); }},
-    {"library", required_argument, [](Options& o, const char* value) { o.library = value; }},
     {"resume-preferences", no_argument, [](Options& o, const char*) { o.resumePreferences = true; }},
     {"verbs", no_argument, [](Options& o, const char*) { o.verbs = true; }},
 };
@@ -149,7 +147,10 @@ void startUp(const Options& options) {
   sim::setScreen(sim::measures().screens[0], sim::measures().screens[1]);
   sim::defineHomeScreenClasses();
   for (const auto& method : options.interposed) sim::interpose(method);
-  if (!options.library.empty()) sim::mapLibrary(options.library);
+  for (const std::string& line : sim::mapAddOns("com.apple.springboard")) {
+    std::fprintf(stderr, "SpringBoard: %s\n", line.c_str());
+    sim::homeState().events.push_back(line);
+  }
   sim::UIApplication* springBoard = sim::startApplication("SpringBoard"_cls);
   sim::send(springBoard, "applicationDidFinishLaunching:"_sel, springBoard);
   sim::runDueWork();

@@ -18,6 +18,7 @@
 #include "simulator/control/screen.hpp"
 #include "simulator/device/device.hpp"
 #include "simulator/device/error.hpp"
+#include "simulator/device/packages.hpp"
 #include "simulator/preferences/preferences_daemon.hpp"
 
 namespace sim {
@@ -113,6 +114,10 @@ class Phone {
   Device::Application install(const std::filesystem::path& archive);
   /// Takes an application away, with its data and its icon.
   Phone& uninstall(std::string_view id);
+  /// Installs a package, or takes one away, as an installer on the phone does: the home screen is restarted when the
+  /// package asks for it.
+  Package installPackage(const std::filesystem::path& file);
+  Package removePackage(std::string_view name);
   /// The file manager comes or goes.
   Phone& setFilzaInstalled(bool installed);
   /// Changes settings, texts KEY=VALUE, in a settings pane that writes the file itself, past the preferences daemon, so
@@ -216,6 +221,8 @@ class Phone {
   std::shared_ptr<Process> take();
   Phone& startAnew(const std::function<void(Process&)>& end);
   Phone& act(const std::string& verb, nlohmann::json members = nlohmann::json::object());
+  /// What an installer does once a package has come or gone.
+  Package finishInstalling(Package package);
   /// A change of the device that a home screen notices when it runs.
   Phone& noticed();
   /// The entries of a log from that place on.

@@ -22,7 +22,6 @@ std::vector<std::string> command(const ProcessOptions& options, const Process::B
   if (options.clock) words.insert(words.end(), {"--clock", number(*options.clock)});
   if (before.uptime) words.insert(words.end(), {"--uptime", std::to_string(*before.uptime)});
   if (options.live) words.emplace_back("--live");
-  if (!options.library.empty()) words.insert(words.end(), {"--library", options.library});
   for (const auto& method : options.interposed) words.insert(words.end(), {"--interpose", method});
   if (before.preferencesRun) words.emplace_back("--resume-preferences");
   return words;
