@@ -10,7 +10,7 @@ add_dependencies(minimal-host Sprigdial)
 
 # The settings as the library reads them, printed.
 add_library(settings_room OBJECT settings/settings.cpp)
-target_link_libraries(settings_room PRIVATE addon_options)
+target_link_libraries(settings_room PRIVATE platform_image_options)
 add_executable(settings-probe tests/settings/settings_probe.cpp)
 target_link_libraries(settings-probe PRIVATE settings_room)
 link_home_screen_process(settings-probe)
