@@ -1,12 +1,14 @@
 # What a phone installs: the tree of files by one table, and the package that holds it. For this PC the same files, with
 # the PC's images in the place of the phone's, are what the simulated device boots from.
 set(addon_image Sprigdial.dylib)
+set(pane_image SprigdialSettings)
 set(package_architecture iphoneos-arm)
 set(package ${CMAKE_BINARY_DIR}/com.morvanel.sprigdial_${PROJECT_VERSION}_iphoneos-arm.deb)
 # The oldest installers read nothing but gzip.
 set(package_compression gzip)
 if(NOT DEVICE)
   set(addon_image Sprigdial.so)
+  set(pane_image SprigdialSettings.so)
   # No phone takes it, and devices are made faster from what is not compressed.
   set(package_architecture pc)
   set(package ${CMAKE_BINARY_DIR}/Sprigdial.deb)
@@ -27,4 +29,8 @@ add_custom_command(OUTPUT ${package}
   DEPENDS ${package_sources} ${package_files} ${CMAKE_BINARY_DIR}/package-control packaging/build packaging/respring
   WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} VERBATIM)
 add_custom_target(package-tree ALL DEPENDS ${package})
-add_dependencies(package-tree Sprigdial)
+set(images Sprigdial SprigdialSettings)
+if(DEVICE)
+  list(TRANSFORM images APPEND -image)
+endif()
+add_dependencies(package-tree ${images} pane-images)

@@ -10,7 +10,7 @@ add_dependencies(minimal-host Sprigdial)
 
 # The settings as the library reads them, printed.
 add_library(settings_room OBJECT settings/settings.cpp)
-target_link_libraries(settings_room PRIVATE addon_options)
+target_link_libraries(settings_room PRIVATE platform_image_options)
 add_executable(settings-probe tests/settings/settings_probe.cpp)
 target_link_libraries(settings-probe PRIVATE settings_room)
 link_home_screen_process(settings-probe)
@@ -37,6 +37,8 @@ set_source_files_properties(tests/support/places.cpp PROPERTIES SKIP_PRECOMPILE_
   "SOURCE_DIR=\"${PROJECT_SOURCE_DIR}\";BUILD_DIR=\"${CMAKE_BINARY_DIR}\";DRIVER=\"$<TARGET_FILE:home-screen>\";\
 MINIMAL_HOST=\"$<TARGET_FILE:minimal-host>\";PC_LIBRARY=\"$<TARGET_FILE:Sprigdial>\";\
 DEVICE_LIBRARY=\"${PROJECT_SOURCE_DIR}/build/device/Sprigdial.dylib\";\
+PC_PANE=\"$<TARGET_FILE:SprigdialSettings>\";DEVICE_PANE=\"${PROJECT_SOURCE_DIR}/build/device/SprigdialSettings\";\
+PANE_IMAGES=\"${CMAKE_BINARY_DIR}/images\";\
 DEVICE_PACKAGE=\"${PROJECT_SOURCE_DIR}/build/device/com.morvanel.sprigdial_${PROJECT_VERSION}_iphoneos-arm.deb\"")
 add_dependencies(sprigdial-tests SpringBoard cfprefsd installd home-screen minimal-host settings-probe
   property-list-probe platform-probe Sprigdial-unoptimised)

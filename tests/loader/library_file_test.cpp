@@ -1,4 +1,4 @@
-// What the library for this PC is made of, read from the file itself.
+// What the images for this PC are made of, read from the files themselves.
 #include <gtest/gtest.h>
 
 #include "tests/support/closed_list.hpp"
@@ -7,7 +7,17 @@
 
 namespace {
 
-const std::string pcLibrary = test::pcLibrary;
+struct Row {
+  const char* name;  ///< in the names of tests
+  std::string file, symbols;
+};
+
+void PrintTo(const Row& row, std::ostream* stream) { *stream << row.name; }
+
+class PcImages : public testing::TestWithParam<Row> {
+ protected:
+  static std::vector<std::string> told(const std::string& command) { return linesOf(command + " " + GetParam().file); }
+};
 
 std::vector<std::string> matching(const std::vector<std::string>& lines, const std::string& part) {
   std::vector<std::string> found;
@@ -17,31 +27,35 @@ std::vector<std::string> matching(const std::vector<std::string>& lines, const s
 }
 
 }  // namespace
+INSTANTIATE_TEST_SUITE_P(, PcImages,
+                         testing::Values(Row{"Library", test::pcLibrary, "platform/symbols.txt"},
+                                         Row{"Pane", test::pcPane, "pane/symbols.txt"}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
-TEST(PcLibrary, NeedsExactlyTheClosedList) {
-  const auto lines = linesOf("llvm-nm-16 --undefined-only --dynamic --format=just-symbols " + pcLibrary);
-  EXPECT_EQ(test::withoutCLibrary({lines.begin(), lines.end()}), test::namesOfClosedList("platform/symbols.txt"));
+TEST_P(PcImages, NeedsExactlyTheClosedList) {
+  const auto lines = told("llvm-nm-16 --undefined-only --dynamic --format=just-symbols");
+  EXPECT_EQ(test::withoutCLibrary({lines.begin(), lines.end()}), test::namesOfClosedList(GetParam().symbols));
 }
 
-TEST(PcLibrary, ExportsNothing) {
-  EXPECT_TRUE(linesOf("llvm-nm-16 --dynamic --defined-only --format=just-symbols " + pcLibrary).empty());
+TEST_P(PcImages, ExportsNothing) {
+  EXPECT_TRUE(told("llvm-nm-16 --dynamic --defined-only --format=just-symbols").empty());
 }
 
-TEST(PcLibrary, NeedsNoOtherLibrary) {
-  for (const auto& line : matching(linesOf("llvm-readelf-16 --dynamic-table " + pcLibrary), "(NEEDED)"))
+TEST_P(PcImages, NeedsNoOtherLibrary) {
+  for (const auto& line : matching(told("llvm-readelf-16 --dynamic-table"), "(NEEDED)"))
     EXPECT_NE(line.find("libc.so"), std::string::npos) << line;
 }
 
-TEST(PcLibrary, HasOneInitialiserAndNothingAtExit) {
-  const auto table = linesOf("llvm-readelf-16 --dynamic-table " + pcLibrary);
+TEST_P(PcImages, HasOneInitialiserAndNothingAtExit) {
+  const auto table = told("llvm-readelf-16 --dynamic-table");
   ASSERT_EQ(matching(table, "(INIT_ARRAYSZ)").size(), 1U);
   EXPECT_NE(matching(table, "(INIT_ARRAYSZ)")[0].find(" 8 (bytes)"), std::string::npos);
   EXPECT_TRUE(matching(table, "(INIT)").empty());
   EXPECT_TRUE(matching(table, "(FINI").empty());
 }
 
-TEST(PcLibrary, ContainsNoCxxRuntime) {
+TEST_P(PcImages, ContainsNoCxxRuntime) {
   for (const auto* symbol : {"__cxa_", "__gxx_personality", "_Unwind_", "_Znwm", "_ZdlPv", "__cxa_guard"})
-    for (const auto& name : linesOf("llvm-nm-16 --format=just-symbols " + pcLibrary))
+    for (const auto& name : told("llvm-nm-16 --format=just-symbols"))
       EXPECT_EQ(name.find(symbol), std::string::npos) << name;
 }

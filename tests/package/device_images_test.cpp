@@ -232,5 +232,6 @@ TEST_P(DeviceImages, ContainsNoCxxRuntime) {
 
 INSTANTIATE_TEST_SUITE_P(, DeviceImages,
                          testing::Values(Row{"Library", test::deviceLibrary, "platform/symbols.txt", sharedLibrary,
-                                             96UL * 1024}),
+                                             96UL * 1024},
+                                         Row{"Pane", test::devicePane, "pane/symbols.txt", sharedLibrary, 48UL * 1024}),
                          [](const auto& info) { return std::string(info.param.name); });
