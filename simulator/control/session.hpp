@@ -63,7 +63,8 @@ class Session {
     eventsFrom_ = eventsUpTo_ = 0;
     menuCame_.reset();
   }
-  /// The screen as text, with the events since the last `showScreen`.
+  /// The screen as text, with the events since the last `showScreen`, and what the settings application shows if it is
+  /// open.
   std::string look();
   void showScreen();
   /// When a file of the device was changed, by the phone's clock.
@@ -79,6 +80,7 @@ class Session {
   std::string advice(const VerbDescription& verb, const nlohmann::json& members);
   std::vector<std::string> icons();
   std::vector<std::string> titles();
+  std::vector<std::string> cells();
 
   Options options_;
   std::ostream& output_;
