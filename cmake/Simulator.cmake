@@ -1,5 +1,5 @@
 # The simulated home screen. `SpringBoard` runs inside the device and is the home-screen process; beside it run
-# `cfprefsd`, the preferences daemon, and `installd`, which tells what is installed. `home-screen` is what a person
+# `Preferences`, the settings application, `cfprefsd`, the preferences daemon, and `installd`, which tells what is installed. `home-screen` is what a person
 # starts, and drives the home screen from outside.
 find_package(PkgConfig REQUIRED)
 find_package(nlohmann_json REQUIRED)
@@ -46,6 +46,11 @@ file(GLOB daemon_sources CONFIGURE_DEPENDS simulator/preferences/daemon/*.cpp)
 add_executable(cfprefsd ${daemon_sources})
 link_home_screen_process(cfprefsd)
 
+# The settings application, a process of its own on the same device.
+file(GLOB settings_sources CONFIGURE_DEPENDS simulator/preferences/application/*.cpp)
+add_executable(Preferences ${settings_sources})
+link_home_screen_process(Preferences)
+
 # What is installed, as the home screen reads it.
 add_executable(installd simulator/installd.cpp)
 link_home_screen_process(installd)
@@ -60,7 +65,7 @@ target_precompile_headers(simulator_control PRIVATE simulator/control/phone.hpp)
 
 add_executable(home-screen simulator/home_screen.cpp)
 target_link_libraries(home-screen PRIVATE simulator_control)
-add_dependencies(home-screen SpringBoard cfprefsd installd)
+add_dependencies(home-screen SpringBoard Preferences cfprefsd installd)
 
 add_executable(bench EXCLUDE_FROM_ALL benchmarks/bench.cpp)
 target_link_libraries(bench PRIVATE simulator_control)

@@ -23,6 +23,15 @@ link_home_screen_process(property-list-probe)
 add_executable(platform-probe tests/platform/platform_probe.cpp)
 link_home_screen_process(platform-probe)
 
+# A pane that the settings application's tests install, and one that needs what no process has.
+foreach(pane test-pane incomplete-pane)
+  string(REPLACE "-" "_" source ${pane})
+  add_library(${pane} MODULE tests/preferences/${source}.cpp)
+  set_target_properties(${pane} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+  target_link_libraries(${pane} PRIVATE platform_image_options)
+  target_link_options(${pane} PRIVATE -nostdlib -fuse-ld=lld-16 -Wl,-z,undefs -Wl,-z,now)
+endforeach()
+
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS tests/*_test.cpp tests/support/*.cpp)
 if(SANITIZE)
   # What the files are made of is asked of the builds that are used.
@@ -40,8 +49,8 @@ DEVICE_LIBRARY=\"${PROJECT_SOURCE_DIR}/build/device/Sprigdial.dylib\";\
 PC_PANE=\"$<TARGET_FILE:SprigdialSettings>\";DEVICE_PANE=\"${PROJECT_SOURCE_DIR}/build/device/SprigdialSettings\";\
 PANE_IMAGES=\"${CMAKE_BINARY_DIR}/images\";\
 DEVICE_PACKAGE=\"${PROJECT_SOURCE_DIR}/build/device/com.morvanel.sprigdial_${PROJECT_VERSION}_iphoneos-arm.deb\"")
-add_dependencies(sprigdial-tests SpringBoard cfprefsd installd home-screen minimal-host settings-probe
-  property-list-probe platform-probe Sprigdial-unoptimised)
+add_dependencies(sprigdial-tests SpringBoard Preferences cfprefsd installd home-screen minimal-host settings-probe
+  property-list-probe platform-probe package-tree test-pane incomplete-pane Sprigdial-unoptimised)
 
 # What the runtime and Foundation keep for the life of a process is no leak.
 set(sanitizer_environment "ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1")

@@ -14,8 +14,9 @@ using Json = nlohmann::json;
 
 }  // namespace
 
-Connection::Connection(int socket, Listener listener, std::chrono::milliseconds longestSilence)
+Connection::Connection(int socket, std::string name, Listener listener, std::chrono::milliseconds longestSilence)
     : socket_(socket),
+      name_(std::move(name)),
       listener_(std::move(listener)),
       longestSilence_(longestSilence),
       lastSign_(std::chrono::steady_clock::now()),
@@ -60,7 +61,7 @@ void Connection::await(std::unique_lock<std::mutex>& lock, std::chrono::steady_c
   }
   if (holds()) return;
   if (!lost_.empty()) throw ConnectionLost(lost_);
-  throw ConnectionLost(stop.stop_requested() ? "interrupted" : "the home screen gives no sign of life");
+  throw ConnectionLost(stop.stop_requested() ? "interrupted" : name_ + " gives no sign of life");
 }
 
 void Connection::send(const Json& request) { write(request); }
@@ -91,7 +92,7 @@ void Connection::listen() {
     unread.erase(0, start);
   }
   const std::scoped_lock lock(mutex_);
-  if (lost_.empty()) lost_ = "the home screen ended";
+  if (lost_.empty()) lost_ = name_ + " ended";
   heard_.notify_all();
 }
 
@@ -100,7 +101,7 @@ void Connection::take(const std::string& line) {
   std::unique_lock lock(mutex_);
   lastSign_ = std::chrono::steady_clock::now();
   if (!content.is_object()) {
-    lost_ = "the home screen's answer is no JSON object";
+    lost_ = "an answer of " + name_ + " is no JSON object";
   } else if (content.contains("push")) {
     lock.unlock();
     if (listener_) listener_(content);

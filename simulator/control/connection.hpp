@@ -1,4 +1,4 @@
-// The driver's end of the conversation with a home-screen process: `protocol.md` tells its form.
+// The driver's end of the conversation with a process of a phone: `protocol.md` tells its form.
 #pragma once
 
 #include <chrono>
@@ -37,9 +37,9 @@ class Connection {
   };
   using Listener = std::function<void(const nlohmann::json& push)>;
 
-  /// `listener` is told each line that the process writes by itself, in a thread of the connection's own. A process
-  /// that owes an answer and says nothing for so long has died.
-  explicit Connection(int socket, Listener listener = {},
+  /// `name` is what people call the process. `listener` is told each line that the process writes by itself, in a
+  /// thread of the connection's own. A process that owes an answer and says nothing for so long has died.
+  explicit Connection(int socket, std::string name = "the home screen", Listener listener = {},
                       std::chrono::milliseconds longestSilence = std::chrono::seconds(60));
   ~Connection();
   Connection(const Connection&) = delete;
@@ -61,6 +61,7 @@ class Connection {
   void take(const std::string& line);
 
   int socket_;
+  std::string name_;
   Listener listener_;
   std::chrono::milliseconds longestSilence_;
   std::mutex mutex_;

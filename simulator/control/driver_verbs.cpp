@@ -3,6 +3,7 @@
 #include <string>
 
 #include "simulator/control/listing.hpp"
+#include "simulator/control/print.hpp"
 #include "simulator/control/session.hpp"
 #include "simulator/control/words.hpp"
 #include "simulator/device/files.hpp"
@@ -94,6 +95,22 @@ void settings(Session& session, const Json& members) {
   else session.phone().settings(assignments);
 }
 
+void pane(Session& session, const Json&) { session.output() << printed(session.phone().pane()); }
+
+void paneOpen(Session& session, const Json& members) { session.phone().openPane(text(members, "label")); }
+
+void paneSet(Session& session, const Json& members) {
+  session.phone().setCell(text(members, "label"), text(members, "value"));
+}
+
+void panePress(Session& session, const Json& members) { session.phone().pressCell(text(members, "label")); }
+
+void paneDelete(Session& session, const Json& members) { session.phone().deleteCell(text(members, "label")); }
+
+void paneBack(Session& session, const Json&) { session.phone().paneBack(); }
+
+void paneClose(Session& session, const Json&) { session.phone().closePane(); }
+
 void filza(Session& session, const Json& members) { session.phone().setFilzaInstalled(members.at("installed")); }
 
 void marker(Session& session, const Json& members) {
@@ -172,6 +189,7 @@ std::vector<DriverVerb> makeTable() {
   const Member file{.name = "file", .type = Type::file, .help = "of this PC"};
   const Member path{.name = "path", .type = Type::path, .help = "of the device"};
   const Member words{.name = "text"};
+  const Member label{.name = "label"};
   return {
       {{"boot",
         "phone",
@@ -209,6 +227,25 @@ std::vector<DriverVerb> makeTable() {
         "installs the file manager or takes it away",
         {{.name = "installed", .type = Type::toggle}}},
        filza},
+      {{"pane", "settings application", "prints what the settings application shows", {}}, pane},
+      {{"pane-open",
+        "settings application",
+        "starts the settings application if it is not open, and taps that row of its first list",
+        {label}},
+       paneOpen},
+      {{"pane-set",
+        "settings application",
+        "sets a cell",
+        {label, {.name = "value", .help = "on or off, a segment's title, a slider's number, a field's text"}}},
+       paneSet},
+      {{"pane-press",
+        "settings application",
+        "taps a link or a button, also the one beside the title and those of an alert",
+        {label}},
+       panePress},
+      {{"pane-delete", "settings application", "swipes a cell away", {label}}, paneDelete},
+      {{"pane-back", "settings application", "taps the way back", {}}, paneBack},
+      {{"pane-close", "settings application", "ends the settings application", {}}, paneClose},
       {{"settings",
         "device",
         "changes settings as the settings pane does",

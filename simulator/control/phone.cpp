@@ -36,26 +36,62 @@ Phone::Phone(Options options) : options_(std::move(options)), device_(options_.d
 
 Phone::~Phone() = default;
 
-std::shared_ptr<Process> Phone::running() {
-  const std::scoped_lock lock(mutex_);
-  if (process_) return process_;
+std::shared_ptr<Process> Phone::start(Program program, const Process::Before& before) {
   check(options_);
   if (!preferences_) preferences_.emplace(device_.root(), options_.buildFolder, options_.environment);
-  const int preferences = preferences_->connect();
-  auto process =
-      std::make_shared<Process>(options_, device_.root(), Process::Before{uptime_, preferences_->runs(), preferences});
-  close(preferences);
+  Process::Before known = before;
+  known.preferencesRun = preferences_->runs();
+  known.preferences = preferences_->connect();
+  // What it says before it is known here goes nowhere.
+  const auto self = std::make_shared<std::atomic<Process*>>(nullptr);
+  const auto hear = [this, self](const Json& push) {
+    if (const Process* from = *self) relay_.hear(from, push);
+  };
+  const std::shared_ptr<Process> process(new Process(program, options_, device_.root(), known, hear),
+                                         [this](Process* gone) {
+                                           relay_.leave(gone);
+                                           delete gone;
+                                         });
+  close(known.preferences);
+  *self = process.get();
+  relay_.join(process.get());
   try {
     process->connection().ask({{"verb", "now"}, {"members", Json::object()}}, options_.stop);
   } catch (const ConnectionLost& lost) {
-    died(*process, lost.what());
+    died(program, *process, lost.what());
   }
-  return process_ = std::move(process);
+  return process;
 }
 
-std::shared_ptr<Process> Phone::take() {
+std::shared_ptr<Process> Phone::running() {
   const std::scoped_lock lock(mutex_);
-  return std::exchange(process_, nullptr);
+  if (!process_) process_ = start(Program::homeScreen, {.uptime = uptime_});
+  return process_;
+}
+
+std::shared_ptr<Process> Phone::runningSettings() {
+  if (paneIsOpen()) return openSettings();
+  const double clock = now();
+  const auto uptime = ask("uptime").get<std::int64_t>();
+  const std::scoped_lock lock(mutex_);
+  if (!settings_) settings_ = start(Program::settings, {.uptime = uptime, .clock = clock});
+  return settings_;
+}
+
+bool Phone::paneIsOpen() const {
+  const std::scoped_lock lock(mutex_);
+  return settings_ != nullptr;
+}
+
+std::shared_ptr<Process> Phone::openSettings() const {
+  const std::scoped_lock lock(mutex_);
+  if (!settings_) throw BadInput("the settings application is not open");
+  return settings_;
+}
+
+std::shared_ptr<Process> Phone::take(Program program) {
+  const std::scoped_lock lock(mutex_);
+  return std::exchange(program == Program::homeScreen ? process_ : settings_, nullptr);
 }
 
 Phone& Phone::boot() {
@@ -71,7 +107,7 @@ bool Phone::booted() const {
 Phone& Phone::startAnew(const std::function<void(Process&)>& end) {
   options_.clock = now();
   uptime_ = ask("uptime").get<std::int64_t>();
-  end(*take());
+  end(*take(Program::homeScreen));
   return boot();
 }
 
@@ -84,11 +120,21 @@ Phone& Phone::crash() {
 }
 
 void Phone::shutDown() {
-  const auto process = take();
+  closePane();
+  endWell(Program::homeScreen);
+}
+
+void Phone::endWell(Program program) {
+  const auto process = take(program);
   if (!process) return;
   const std::optional<int> status = process->end(longestEnd);
-  if (!status) died(*process, "the home screen did not end");
-  if (*status != 0) died(*process, "the home screen ended with status " + std::to_string(*status));
+  if (!status) died(program, *process, nameOf(program) + " did not end");
+  if (*status != 0) died(program, *process, nameOf(program) + " ended with status " + std::to_string(*status));
+}
+
+Phone& Phone::actInPane(const std::string& verb, Json members) {
+  askPane(verb, std::move(members));
+  return *this;
 }
 
 Phone& Phone::act(const std::string& verb, Json members) {
@@ -119,7 +165,7 @@ Phone& Phone::finishWaiting() {
   try {
     process->finishWaiting();
   } catch (const ConnectionLost& lost) {
-    died(*process, lost.what());
+    died(Program::homeScreen, *process, lost.what());
   }
   return *this;
 }
@@ -170,6 +216,40 @@ Phone& Phone::setFilzaInstalled(bool installed) {
   return noticed();
 }
 
+Phone& Phone::openPane(std::string_view label) {
+  runningSettings();
+  return actInPane("open", {{"label", label}});
+}
+
+Phone& Phone::setCell(std::string_view label, std::string_view value) {
+  return actInPane("set", {{"label", label}, {"value", value}});
+}
+
+Phone& Phone::pressCell(std::string_view label) { return actInPane("press", {{"label", label}}); }
+Phone& Phone::deleteCell(std::string_view label) { return actInPane("delete", {{"label", label}}); }
+Phone& Phone::paneBack() { return actInPane("back"); }
+
+Phone& Phone::closePane() {
+  endWell(Program::settings);
+  return tellTime();
+}
+
+Phone& Phone::crashPane() {
+  openSettings()->kill();
+  take(Program::settings);
+  return tellTime();
+}
+
+Phone& Phone::tellTime() {
+  // The preferences daemon may have learnt from nobody else when it is to write.
+  if (preferences_ && preferences_->runs() && booted()) ask("preferences", {{"domain", preferencesDomain}});
+  return *this;
+}
+
+PaneOnScreen Phone::pane() { return askPane("pane").get<PaneOnScreen>(); }
+
+std::string Phone::paneOutput() { return openSettings()->output(); }
+
 Phone& Phone::settings(const std::vector<std::string>& assignments) {
   device_.setSettings(assignments);
   return booted() ? post(preferencesChanged) : *this;
@@ -182,7 +262,11 @@ Phone& Phone::settingsThroughDaemon(const std::vector<std::string>& assignments)
 
 Phone& Phone::flush() { return act("flush"); }
 
-Phone& Phone::post(std::string_view name) { return act("post", {{"name", name}}); }
+Phone& Phone::post(std::string_view name) {
+  const Json members = {{"name", name}};
+  if (paneIsOpen()) askPane("post", members);
+  return act("post", members);
+}
 
 Phone& Phone::advance(double seconds) {
   if (!std::isfinite(seconds) || seconds < 0) throw BadInput("the clock only runs forwards");
@@ -190,7 +274,12 @@ Phone& Phone::advance(double seconds) {
 }
 
 Phone& Phone::animations(bool on) { return act("animations", {{"on", on}}); }
-Phone& Phone::setClock(double seconds) { return act("set-clock", {{"seconds", seconds}}); }
+Phone& Phone::setClock(double seconds) {
+  const Json members = {{"seconds", seconds}};
+  act("set-clock", members);
+  if (paneIsOpen()) askPane("set-clock", members);
+  return *this;
+}
 
 Phone& Phone::rescan() { return act("rescan"); }
 
@@ -297,15 +386,48 @@ std::map<std::string, long> Phone::live() { return ask("live").get<std::map<std:
 
 std::string Phone::output() { return running()->output(); }
 
-Json Phone::exchange(Json request) {
-  const auto process = running();
+Json Phone::request(Program program, Process& process, Json request) {
   try {
-    Connection::Answer answer = process->connection().ask(std::move(request), options_.stop);
+    Connection::Answer answer = process.connection().ask(std::move(request), options_.stop);
     seconds_ = answer.seconds;
     return std::move(answer.value);
   } catch (const ConnectionLost& lost) {
-    died(*process, lost.what());
+    // The settings application can be opened again.
+    if (program == Program::settings) take(program);
+    died(program, process, lost.what());
   }
+}
+
+void Phone::settle(Program program, Process& process) {
+  const Program otherProgram = program == Program::homeScreen ? Program::settings : Program::homeScreen;
+  std::shared_ptr<Process> other;
+  {
+    const std::scoped_lock lock(mutex_);
+    other = otherProgram == Program::homeScreen ? process_ : settings_;
+  }
+  if (!other) return;
+  const double seconds = seconds_;
+  const Json uptime = request(program, process, {{"verb", "uptime"}, {"members", Json::object()}});
+  request(otherProgram, *other, {{"verb", "catch-up"}, {"members", {{"uptime", uptime}}}});
+  seconds_ = seconds;
+}
+
+Json Phone::exchange(Program program, const std::shared_ptr<Process>& process, Json asked) {
+  try {
+    Json value = request(program, *process, std::move(asked));
+    settle(program, *process);
+    return value;
+  } catch (const Refusal&) {
+    // Time may have passed all the same.
+    settle(program, *process);
+    throw;
+  }
+}
+
+Json Phone::exchange(Json request) { return exchange(Program::homeScreen, running(), std::move(request)); }
+
+Json Phone::askPane(const std::string& verb, Json members) {
+  return exchange(Program::settings, openSettings(), {{"verb", verb}, {"members", std::move(members)}});
 }
 
 Json Phone::ask(const std::string& verb, Json members) {
@@ -319,15 +441,18 @@ void Phone::killDuring(const std::string& verb, Json members, const std::functio
   process->connection().send({{"verb", verb}, {"members", std::move(members)}});
   moment();
   process->kill();
+  if (const auto settings = take(Program::settings)) settings->kill();
   preferences_->kill();
 }
 
-void Phone::died(Process& process, const std::string& reason) {
+void Phone::died(Program program, Process& process, const std::string& reason) {
   // A process that reports what brought it down gets the time to finish its report.
   const bool ended = process.end(std::chrono::seconds(5)).has_value();
   if (!ended) process.kill();
   const std::string output = lastLines(process.output());
-  throw HomeScreenDied(reason + (output.empty() ? "" : "\n" + output));
+  const std::string report = reason + (output.empty() ? "" : "\n" + output);
+  if (program == Program::homeScreen) throw HomeScreenDied(report);
+  throw SettingsDied(report);
 }
 
 }  // namespace sim

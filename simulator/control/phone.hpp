@@ -14,7 +14,9 @@
 #include <string_view>
 #include <vector>
 
+#include "simulator/control/pane.hpp"
 #include "simulator/control/process.hpp"
+#include "simulator/control/relay.hpp"
 #include "simulator/control/screen.hpp"
 #include "simulator/device/device.hpp"
 #include "simulator/device/error.hpp"
@@ -28,10 +30,11 @@ struct TouchSample {
   double dx = 0, dy = 0;
 };
 
-/// A device and the home screen that runs on it. The home screen boots when it is first asked for something: until then
-/// what it runs with may be changed. What he does reads as a sentence, since every action gives the phone back:
-/// `phone.forceTouch("com.example.notes").choose("Sprigdial")`. An action that cannot be done throws `BadInput` and
-/// changes nothing; `HomeScreenDied` tells that the process ended. Several threads may ask at once.
+/// A device, the home screen that runs on it, and the settings application as long as it is open. The home screen boots
+/// when it is first asked for something: until then what it runs with may be changed. What he does reads as a sentence,
+/// since every action gives the phone back: `phone.forceTouch("com.example.notes").choose("Sprigdial")`. An action that
+/// cannot be done throws `BadInput` and changes nothing; `HomeScreenDied` tells that the process ended, `SettingsDied`
+/// that the settings application did. Several threads may ask at once.
 class Phone {
  public:
   using Options = ProcessOptions;
@@ -53,9 +56,10 @@ class Phone {
   /// Ends the process and starts a new one on the same device; the clock goes on where it stood.
   Phone& respring();
   /// The process is killed and comes up again, as after a crash: nothing that it has in memory is left, while the
-  /// preferences daemon goes on.
+  /// preferences daemon and the settings application go on.
   Phone& crash();
-  /// Ends the process and waits for it. Throws `HomeScreenDied` when it did not end well.
+  /// Ends the settings application and the home screen, and waits for that. Throws `HomeScreenDied` or `SettingsDied`
+  /// when one did not end well.
   void shutDown();
 
   /// A finger is put on an icon and taken away, without a tap.
@@ -120,6 +124,29 @@ class Phone {
   Package removePackage(std::string_view name);
   /// The file manager comes or goes.
   Phone& setFilzaInstalled(bool installed);
+  /// Starts the settings application if it is not open, and taps the row of that label in its first list. It has a
+  /// screen of its own, beside the home screen's.
+  Phone& openPane(std::string_view label);
+  /// Sets a cell of the list that it shows: a switch to "on" or "off", a segment by its title, a slider to a number, a
+  /// text field to a text.
+  Phone& setCell(std::string_view label, std::string_view value);
+  /// Taps a link or a button, also the one beside the title and those of an alert.
+  Phone& pressCell(std::string_view label);
+  /// Swipes a cell away.
+  Phone& deleteCell(std::string_view label);
+  /// Taps the way back.
+  Phone& paneBack();
+  /// Ends the settings application, which need not be open. Throws `SettingsDied` when it did not end well.
+  Phone& closePane();
+  /// Kills it, as a crash does.
+  Phone& crashPane();
+  bool paneIsOpen() const;
+  /// What it shows. Throws `BadInput` when it is not open.
+  PaneOnScreen pane();
+  /// Asks the settings application, which is open, by the protocol's words; returns the value.
+  nlohmann::json askPane(const std::string& verb, nlohmann::json members = nlohmann::json::object());
+  /// What its process wrote to its standard output and error.
+  std::string paneOutput();
   /// Changes settings, texts KEY=VALUE, in a settings pane that writes the file itself, past the preferences daemon, so
   /// that the add-on finds them there when it is told.
   Phone& settings(const std::vector<std::string>& assignments);
@@ -127,7 +154,7 @@ class Phone {
   Phone& settingsThroughDaemon(const std::vector<std::string>& assignments);
   /// The preferences daemon writes at once what has changed.
   Phone& flush();
-  /// Posts a Darwin notification.
+  /// Something else posts a Darwin notification: every process gets it.
   Phone& post(std::string_view name);
   /// Lets time pass.
   Phone& advance(double seconds);
@@ -218,9 +245,19 @@ class Phone {
 
  private:
   std::shared_ptr<Process> running();
-  std::shared_ptr<Process> take();
+  /// Starts the settings application unless it runs.
+  std::shared_ptr<Process> runningSettings();
+  /// The settings application, if it is open. Throws `BadInput`.
+  std::shared_ptr<Process> openSettings() const;
+  std::shared_ptr<Process> start(Program program, const Process::Before& before);
+  /// The process, which this phone counts as gone from now on; null when it does not run.
+  std::shared_ptr<Process> take(Program program);
   Phone& startAnew(const std::function<void(Process&)>& end);
   Phone& act(const std::string& verb, nlohmann::json members = nlohmann::json::object());
+  Phone& actInPane(const std::string& verb, nlohmann::json members = nlohmann::json::object());
+  void endWell(Program program);
+  /// The settings application has gone: the home screen tells the preferences daemon the time from now on.
+  Phone& tellTime();
   /// What an installer does once a package has come or gone.
   Package finishInstalling(Package package);
   /// A change of the device that a home screen notices when it runs.
@@ -228,13 +265,18 @@ class Phone {
   /// The entries of a log from that place on.
   nlohmann::json log(const std::string& verb, std::size_t since = 0);
   nlohmann::json exchange(nlohmann::json request);
-  [[noreturn]] void died(Process& process, const std::string& reason);
+  nlohmann::json exchange(Program program, const std::shared_ptr<Process>& process, nlohmann::json request);
+  nlohmann::json request(Program program, Process& process, nlohmann::json request);
+  /// What that process did has reached the other one, if both run: posts, and the time that has passed.
+  void settle(Program program, Process& process);
+  [[noreturn]] void died(Program program, Process& process, const std::string& reason);
 
   Options options_;
   Device device_;
   std::optional<PreferencesDaemon> preferences_;  ///< from the first boot on
+  NotificationRelay relay_;
   mutable std::mutex mutex_;
-  std::shared_ptr<Process> process_;
+  std::shared_ptr<Process> process_, settings_;
   std::optional<std::int64_t> uptime_;  ///< in nanoseconds, of the home screen before
   std::atomic<double> seconds_ = 0;
 };

@@ -1,6 +1,7 @@
 #include "simulator/control/print.hpp"
 
 #include <algorithm>
+#include <sstream>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -192,7 +193,78 @@ std::string notifications(const char* place, const std::vector<NotificationOnScr
   return text;
 }
 
+constexpr std::size_t paneWidth = 48;
+
+/// Two texts at the edges of a line of the pane, with a third in its middle.
+std::string spread(const std::string& left, const std::string& right, const std::string& middle = "") {
+  const std::size_t width = std::max(paneWidth, columns(left) + columns(right) + columns(middle) + 2);
+  const std::size_t start =
+      std::clamp((width - columns(middle)) / 2, columns(left) + 1, width - columns(right) - columns(middle) - 1);
+  return padded(padded(left, start) + middle, width - columns(right)) + right;
+}
+
+/// The text in lines that are no wider than the pane, but for a word that is.
+Lines wrapped(const std::string& text) {
+  Lines lines;
+  for (const std::string& paragraph : split(text)) {
+    lines.emplace_back();
+    std::istringstream words(paragraph);
+    for (std::string word; words >> word;) {
+      std::string& line = lines.back();
+      if (line.empty()) line = word;
+      else if (columns(line) + 1 + columns(word) <= paneWidth) line += " " + word;
+      else lines.push_back(word);
+    }
+  }
+  for (std::string& line : lines) line = padded(line, paneWidth);
+  return lines;
+}
+
+std::string valueText(const CellOnScreen& cell) {
+  if (cell.kind == "link" || cell.kind == "link list") return cell.value.empty() ? "›" : cell.value + " ›";
+  if (cell.kind == "edit") return "[ " + cell.value + " ]";
+  if (cell.kind != "segment") return cell.value;
+  std::string text;
+  for (const std::string& choice : cell.choices) {
+    text += (text.empty() ? "" : "  ") + (choice == cell.value ? "[" + choice + "]" : choice);
+  }
+  return text;
+}
+
+std::string cellText(const CellOnScreen& cell) {
+  return spread("  " + (cell.enabled ? cell.label : "(" + cell.label + ")"), valueText(cell));
+}
+
+Lines paneBox(const PaneOnScreen& pane) {
+  std::vector<Lines> sections = {{spread(pane.back ? "‹ " + *pane.back : "", pane.button.value_or(""), pane.title)}};
+  std::string footer;
+  const auto endGroup = [&] {
+    if (footer.empty()) return;
+    for (const std::string& line : wrapped(std::exchange(footer, ""))) sections.back().push_back(line);
+  };
+  for (const CellOnScreen& cell : pane.cells) {
+    if (cell.kind != "group") {
+      sections.back().push_back(cellText(cell));
+      continue;
+    }
+    endGroup();
+    sections.emplace_back();
+    if (!cell.label.empty()) sections.back().push_back(padded(cell.label, paneWidth));
+    footer = cell.footer;
+  }
+  endGroup();
+  std::erase_if(sections, [](const Lines& section) { return section.empty(); });
+  return boxed(sections);
+}
+
 }  // namespace
+
+std::string printed(const PaneOnScreen& pane) {
+  std::string text = "Settings application\n";
+  append(text, paneBox(pane), "  ");
+  if (pane.alert) append(text, alertBox(*pane.alert), "  ");
+  return text;
+}
 
 std::string printed(const Screen& screen) {
   std::string text = heading(screen);

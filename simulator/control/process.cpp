@@ -13,17 +13,28 @@ namespace {
 /// Decimals that lose nothing.
 std::string number(double value) { return nlohmann::json(value).dump(); }
 
-std::vector<std::string> command(const ProcessOptions& options, const Process::Before& before) {
+/// By the order of `Program`.
+struct ProgramRow {
+  const char* file;
+  const char* name;
+};
+constexpr ProgramRow programs[] = {{"SpringBoard", "the home screen"}, {"Preferences", "the settings application"}};
+
+const ProgramRow& rowOf(Program program) { return programs[static_cast<std::size_t>(program)]; }
+
+std::vector<std::string> command(Program program, const ProcessOptions& options, const Process::Before& before) {
   std::vector<std::string> words = options.before;
-  words.insert(words.end(),
-               {"/run/simulator/SpringBoard", "--generation", options.generation == Generation::old ? "old" : "new"});
+  words.insert(words.end(), {std::string("/run/simulator/") + rowOf(program).file, "--generation",
+                             options.generation == Generation::old ? "old" : "new"});
   if (options.coreVersion) words.insert(words.end(), {"--core-version", number(*options.coreVersion)});
   if (options.tablet) words.emplace_back("--tablet");
-  if (options.clock) words.insert(words.end(), {"--clock", number(*options.clock)});
+  if (const auto& clock = before.clock ? before.clock : options.clock)
+    words.insert(words.end(), {"--clock", number(*clock)});
   if (before.uptime) words.insert(words.end(), {"--uptime", std::to_string(*before.uptime)});
   if (options.live) words.emplace_back("--live");
-  for (const auto& method : options.interposed) words.insert(words.end(), {"--interpose", method});
   if (before.preferencesRun) words.emplace_back("--resume-preferences");
+  if (program != Program::homeScreen) return words;
+  for (const auto& method : options.interposed) words.insert(words.end(), {"--interpose", method});
   return words;
 }
 
@@ -59,12 +70,14 @@ void check(const ProcessOptions& options) {
   }
 }
 
-Process::Process(const ProcessOptions& options, const fs::path& device, const Before& before,
+std::string nameOf(Program program) { return rowOf(program).name; }
+
+Process::Process(Program program, const ProcessOptions& options, const fs::path& device, const Before& before,
                  Connection::Listener listener)
     : stop_(options.stop),
       listener_(std::move(listener)),
-      program_(device, folders(options), command(options, before), environment(options), before.preferences),
-      connection_(program_.socket(), [this](const nlohmann::json& push) { hear(push); }) {}
+      program_(device, folders(options), command(program, options, before), environment(options), before.preferences),
+      connection_(program_.socket(), nameOf(program), [this](const nlohmann::json& push) { hear(push); }) {}
 
 Process::~Process() = default;
 

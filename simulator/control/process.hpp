@@ -1,4 +1,4 @@
-// A home-screen process that runs on a device.
+// A process that runs on a device and has a screen: the home screen, or the settings application.
 #pragma once
 
 #include <atomic>
@@ -18,7 +18,7 @@
 
 namespace sim {
 
-/// Everything that a home-screen process runs with.
+/// Everything that a phone's processes run with; the add-on and what is interposed is the home screen's alone.
 struct ProcessOptions {
   Generation generation = Generation::old;
   std::optional<double> coreVersion;  ///< the core library's version; without it the generation's own
@@ -39,17 +39,23 @@ struct ProcessOptions {
 /// Throws `BadInput` for what no home screen can run with.
 void check(const ProcessOptions& options);
 
-/// A running home screen and the connection to it. Ends with this value.
+/// Which of a phone's programs.
+enum class Program { homeScreen, settings };
+/// What people call it: "the home screen".
+std::string nameOf(Program program);
+
+/// A running program and the connection to it. Ends with this value.
 class Process {
  public:
-  /// What was there before this home screen, and outlives it.
+  /// What was there before this process, and outlives it.
   struct Before {
     std::optional<std::int64_t> uptime;  ///< nanoseconds that the phone has been up; without it for a while
+    std::optional<double> clock;         ///< the time that it is, in seconds since 1970; without it the options' own
     bool preferencesRun = false;         ///< whether the preferences daemon has something to do already
     int preferences = -1;                ///< a socket to that daemon, which the caller closes
   };
   /// Starts it on the device in `device`, a folder that is there.
-  Process(const ProcessOptions& options, const std::filesystem::path& device, const Before& before,
+  Process(Program program, const ProcessOptions& options, const std::filesystem::path& device, const Before& before,
           Connection::Listener listener = {});
   ~Process();
 

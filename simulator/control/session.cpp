@@ -185,6 +185,15 @@ std::vector<std::string> Session::titles() {
   return all;
 }
 
+std::vector<std::string> Session::cells() {
+  if (!phone().paneIsOpen()) return {};
+  const PaneOnScreen pane = phone().pane();
+  if (pane.alert) return pane.alert->titles();
+  auto all = pane.labels();
+  if (pane.button) all.push_back(*pane.button);
+  return all;
+}
+
 std::vector<std::string> Session::candidates(const MemberDescription& member, const std::string& begun) {
   if (!member.choices.empty()) return member.choices;
   if (member.type == Type::toggle) return {"on", "off"};
@@ -197,6 +206,7 @@ std::vector<std::string> Session::candidates(const MemberDescription& member, co
   if (!phone_) return {};
   if (member.type == Type::id) return icons();
   if (isTitle(member)) return titles();
+  if (member.type == Type::text && member.name == "label") return cells();
   if (member.type == Type::path) {
     return filesBeside(begun, phone_->device().resolve(begun.substr(0, begun.rfind('/') + 1)));
   }
@@ -206,6 +216,7 @@ std::vector<std::string> Session::candidates(const MemberDescription& member, co
 std::string Session::look() {
   std::string text = printed(phone().screen());
   for (const std::string& event : phone().events(eventsFrom_)) text += "Event: " + event + "\n";
+  if (phone().paneIsOpen()) text += printed(phone().pane());
   return text;
 }
 

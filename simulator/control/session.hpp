@@ -61,7 +61,8 @@ class Session {
   /// Another home screen begins: its events are counted anew, those of its start are told at once, and no menu has come
   /// yet.
   void begin();
-  /// The screen as text, with the events since the last `showScreen`.
+  /// The screen as text, with the events since the last `showScreen`, and what the settings application shows if it is
+  /// open.
   std::string look();
   void showScreen();
   /// When a file of the device was changed, by the phone's clock.
@@ -77,6 +78,7 @@ class Session {
   std::string advice(const VerbDescription& verb, const nlohmann::json& members);
   std::vector<std::string> icons();
   std::vector<std::string> titles();
+  std::vector<std::string> cells();
 
   Options options_;
   std::ostream& output_;

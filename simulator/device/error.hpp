@@ -15,4 +15,9 @@ struct HomeScreenDied : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// The same of the settings application; the home screen goes on.
+struct SettingsDied : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
 }  // namespace sim

@@ -32,6 +32,8 @@ std::optional<std::int64_t> nextDueTime() {
 
 void atEndOfTurn(void (*work)()) { endOfTurn = work; }
 
+void endTurn() { endOfTurn(); }
+
 void runDueWork() {
   for (auto due = nextDueTime(); due && *due <= clock::passed(); due = nextDueTime()) {
     const AutoreleasePool pool;

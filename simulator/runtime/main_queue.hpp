@@ -17,5 +17,7 @@ std::optional<std::int64_t> nextDueTime();
 
 /// What is to be done whenever everything that was due has run, such as showing what came of it.
 void atEndOfTurn(void (*work)());
+/// Does it now.
+void endTurn();
 
 }  // namespace sim

@@ -83,7 +83,7 @@ TEST_F(Conversation, ManyThreadsMayAskAtOnce) {
 
 TEST_F(Conversation, PushesGoToTheListenerInTheirOrder) {
   std::vector<Json> heard;
-  sim::Connection connection(ends[0], [&](const Json& push) { heard.push_back(push); });
+  sim::Connection connection(ends[0], "the process", [&](const Json& push) { heard.push_back(push); });
   auto answer = asked(connection, "now");
   const Json request = readRequest();
   say({{"push", "ready"}, {"version", 1}});
@@ -130,7 +130,7 @@ TEST_F(Conversation, WhatIsNoMessageEndsIt) {
 
 TEST_F(Conversation, SilenceEndsItButAnyLineIsASignOfLife) {
   using namespace std::chrono_literals;
-  sim::Connection connection(ends[0], {}, 400ms);
+  sim::Connection connection(ends[0], "the process", {}, 400ms);
   auto answer = asked(connection, "slow");
   const Json request = readRequest();
   for (int count = 0; count < 6; ++count) {

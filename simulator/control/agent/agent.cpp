@@ -15,6 +15,7 @@
 #include "simulator/control/agent/requests.hpp"
 #include "simulator/control/agent/sign_of_life.hpp"
 #include "simulator/control/agent/verbs.hpp"
+#include "simulator/frameworks/core_foundation/darwin_notifications.hpp"
 #include "simulator/homescreen/common/home.hpp"
 #include "simulator/runtime/clock.hpp"
 #include "simulator/runtime/main_queue.hpp"
@@ -190,6 +191,9 @@ void serve(int socket, bool liveClock) {
   driver::connect(socket);
   RunLoop runLoop(socket, liveClock);
   setWaiting([&](int program, const std::string& name) { runLoop.waitFor(program, name); });
+  setDarwinCarrier([](const std::string& name) {
+    driver::tell({{"push", "posted"}, {"name", name}, {"uptime", clock::passed()}});
+  });
   driver::tell({{"push", "ready"}, {"version", protocolVersion}});
   giveSignsOfLife();
   while (runLoop.turn()) continue;

@@ -68,53 +68,6 @@ json choose(const json& members) {
   return {};
 }
 
-// The buttons of an alert take no touch while it comes.
-touches::Button requirePresented(const std::string& title) {
-  const touches::Button button = touches::requireButton(title);
-  const Ref<UIAlertController> awaited = button.alert;
-  const Transition* transition = transitionOf(awaited);
-  if (transition == nullptr) return button;
-  if (transition->kind == Transition::Kind::dismissal) throw Refused("The sheet or alert is on its way off the screen");
-  advanceClock(transition->end - clock::passed());
-  const touches::Button there = touches::requireButton(title);
-  if (there.alert != awaited.get()) throw Refused("The sheet or alert did not stay on the screen");
-  return there;
-}
-
-json tapButton(const json& members) {
-  const auto [button, action] = requirePresented(textOf(members, "title"));
-  const Ref<UIAlertController> alert = button;
-  press(alert, action);
-  const Transition* dismissal = transitionOf(alert);
-  if (dismissal != nullptr && !members.value("late", false)) advanceClock(dismissal->end - clock::passed());
-  return {};
-}
-
-json animations(const json& members) {
-  setAnimations(members.at("on").get<bool>());
-  return {};
-}
-
-json typeText(const json& members) {
-  const std::string typed = textOf(members, "text");
-  UITextField* field = touches::requireFocus();
-  if (!field->hasKeysFor(typed)) throw Refused("The number pad has digits only: \"" + typed + "\" can be pasted");
-  field->typeOver(typed);
-  return {};
-}
-
-json pasteText(const json& members) {
-  touches::requireFocus()->replaceAll(ns(textOf(members, "text")));
-  return {};
-}
-
-json clearText(const json&) {
-  UITextField* field = touches::requireFocus();
-  if (!field->showsClearButton()) throw Refused("The text field shows no clear button");
-  field->tapClearButton();
-  return {};
-}
-
 CGPoint pointOf(const json& members) { return {members.at("x").get<double>(), members.at("y").get<double>()}; }
 
 json touchAt(const json& members) {
@@ -135,25 +88,6 @@ const std::map<std::string, Orientation>& orientations() {
 
 json rotate(const json& members) {
   gestures::rotate(orientations().at(textOf(members, "to")));
-  return {};
-}
-
-id settingOf(const json& value) {
-  if (value.is_boolean()) return send<id>("NSNumber"_cls, "numberWithBool:"_sel, BOOL{value.get<bool>()});
-  if (value.is_number_integer())
-    return send<id>("NSNumber"_cls, "numberWithLongLong:"_sel, static_cast<long long>(value.get<std::int64_t>()));
-  if (value.is_number()) return send<id>("NSNumber"_cls, "numberWithDouble:"_sel, value.get<double>());
-  if (!value.is_string()) throw BadRequest("A setting is a text, a number or a boolean");
-  return ns(value.get<std::string>());
-}
-
-json changePreferences(const json& members) {
-  id values = send<id>("NSMutableDictionary"_cls, "dictionary"_sel);
-  std::vector<std::string> removed;
-  for (const auto& [key, value] : members.at("values").items())
-    if (value.is_null()) removed.push_back(key);
-    else send(values, "setObject:forKey:"_sel, settingOf(value), ns(key));
-  setPreferences(textOf(members, "domain"), values, removed);
   return {};
 }
 
@@ -205,29 +139,6 @@ const std::map<std::string, json (*)(const std::string&)>& downloadActions() {
 
 json download(const json& members) { return downloadActions().at(textOf(members, "what"))(textOf(members, "id")); }
 
-json post(const json& members) {
-  postDarwinNotification(textOf(members, "name"));
-  return {};
-}
-
-json advance(const json& members) {
-  // A double cannot hold the clock's nanoseconds.
-  constexpr long double second = 1e9L;
-  const double seconds = members.at("seconds").get<double>();
-  const double latest = static_cast<double>(std::max(clock::now(), clock::passed()) / second);
-  if (!(seconds >= 0 && latest + seconds < clock::lastMoment))
-    throw BadRequest("The clock runs forwards only, and not beyond the year 2255");
-  advanceClock(std::llround(seconds * second));
-  return {};
-}
-
-json setClock(const json& members) {
-  const double seconds = members.at("seconds").get<double>();
-  if (!clock::canShow(seconds)) throw BadRequest("There is no such time on this clock");
-  clock::set(clock::time(seconds));
-  return {};
-}
-
 Member icon() { return {"id", Type::id}; }
 std::vector<Member> screenMode() {
   return {optional({"mode", Type::integer, "what the old generation's cover sheet is told: 0, 1 or any other byte"}),
@@ -235,9 +146,7 @@ std::vector<Member> screenMode() {
           optional({"source", Type::integer, "with it, the cover sheet is told by the longer method"})};
 }
 
-}  // namespace
-
-std::vector<Verb> gestureVerbs() {
+std::vector<Verb> onIcons() {
   return {
       {"touch", "puts a finger on an icon and takes it away, without a tap", {icon()}, onIcon<gestures::touch>},
       {"swipe",
@@ -249,15 +158,11 @@ std::vector<Verb> gestureVerbs() {
        swipe},
       {"force-touch", "opens an icon's quick-action list", {icon()}, onIcon<gestures::forceTouch>},
       {"choose", "chooses an entry of the open quick-action list", {{"title", Type::text}}, choose},
-      {"tap",
-       "taps a button of the topmost window's sheet or alert; time passes until it has come, and until it has gone and the button's handler has run",
-       {{"title", Type::text},
-        optional({"late", Type::toggle, "it has still to go: let time pass for that"}),
-        optional({"go-on", Type::toggle, "is answered as soon as it waits for a program"})},
-       tapButton},
-      {"type", "types over the text of the field that has the focus, key by key", {{"text", Type::text}}, typeText},
-      {"paste", "pastes in the place of that text", {{"text", Type::text}}, pasteText},
-      {"clear", "taps that field's clear button", {}, clearText},
+  };
+}
+
+std::vector<Verb> onTheDevice() {
+  return {
       {"launch", "taps an icon: the application opens", {icon()}, onIcon<gestures::launch>},
       {"home",
        "presses the home button: closes the list, ends editing, goes back from an application",
@@ -294,19 +199,11 @@ std::vector<Verb> gestureVerbs() {
        {{"what", Type::choice, "", namesOf(downloadActions())}, icon()},
        download},
       {"rescan", "looks for applications that came or went", {}, gesture<readInstalled>},
-      {"post", "another process posts a Darwin notification", {{"name", Type::text}}, post},
-      {"set-preferences",
-       "another program sets these values through the preferences daemon; a null value removes its key",
-       {{"domain", Type::text}, {"values", Type::json, "an object"}},
-       changePreferences},
-      {"flush", "the preferences daemon writes at once what has changed", {}, gesture<flushPreferences>},
-      {"advance", "lets time pass", {{"seconds", Type::number}}, advance},
-      {"set-clock",
-       "sets the clock, forwards or backwards; no time passes",
-       {{"seconds", Type::number, "since 1970"}},
-       setClock},
-      {"animations", "whether sheets and alerts take their time to come and to go", {{"on", Type::toggle}}, animations},
   };
 }
+
+}  // namespace
+
+std::vector<Verb> gestureVerbs() { return onIcons() + alertGestures() + onTheDevice() + worldGestures(); }
 
 }  // namespace sim

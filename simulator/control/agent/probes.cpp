@@ -29,56 +29,6 @@ using Type = MemberType;
 
 std::string textOf(const json& members, const char* name) { return members.at(name).get<std::string>(); }
 
-json calls(const json& members) {
-  static constexpr const char* kinds[] = {"hook", "add", "observe", "send", "post", "missing"};
-  return logSince(members, callLog(), [](const Call& call) {
-    return json{{"kind", kinds[static_cast<std::size_t>(call.kind)]},
-                {"class", call.className},
-                {"selector", call.selector},
-                {"encoding", call.encoding}};
-  });
-}
-
-json subscribe(const json& members) {
-  driver::subscribe(members.at("on").get<bool>());
-  return {};
-}
-
-json switchMessageLog(const json& members) {
-  logMessages(members.at("on").get<bool>());
-  return {};
-}
-
-json darwinPostsLog(const json& members) {
-  return logSince(members, darwinPosts(), [](const std::string& name) { return json(name); });
-}
-
-json membersOf(const std::vector<ClassDescription::Member>& all) {
-  json list = json::array();
-  for (const auto& [name, type] : all) list.push_back({{"name", name}, {"type", type}});
-  return list;
-}
-
-json describeClass(const json& members) {
-  const std::string name = textOf(members, "name");
-  Class cls = objc_getClass(name.c_str());
-  if (cls == nullptr) throw Refused("There is no class \"" + name + "\"");
-  const ClassDescription described = describe(cls);
-  return {{"superclass", described.superclass},
-          {"protocols", described.protocols},
-          {"instanceVariables", membersOf(described.instanceVariables)},
-          {"methods", membersOf(described.methods)},
-          {"classMethods", membersOf(described.classMethods)}};
-}
-
-json live(const json&) {
-  // What has gone leaves no trace: before and after can be compared as they are.
-  json counts = {{"blocks", liveBlocks()}};
-  for (const auto& [name, count] : liveObjects())
-    if (count != 0) counts[name] = count;
-  return counts;
-}
-
 // What only the platform's own methods can have seen.
 json platformCounts(const json&) {
   json passedOn = json::array();
@@ -89,12 +39,6 @@ json platformCounts(const json&) {
           {"passedOn", passedOn},
           {"interposed", interposedCalls()},
           {"completedBanners", homeState().completedBanners}};
-}
-
-json memory(const json&) {
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  return {{"peakKiB", usage.ru_maxrss}};
 }
 
 // The one object of a class, by whichever of the platform's names it is asked for.
@@ -186,52 +130,12 @@ json makeIconView(const json& members) {
   return {};
 }
 
-json address(const void* pointer) {
-  return pointer != nullptr ? json(reinterpret_cast<std::uintptr_t>(pointer)) : json();
-}
-
-json observers(const json&) {
-  json list = json::array();
-  for (const auto& observer : darwinObservers())
-    list.push_back({{"name", text(asId(observer.name))},
-                    {"observer", address(observer.observer)},
-                    {"object", address(observer.object)},
-                    {"suspension", observer.suspension}});
-  return list;
-}
-
-}  // namespace
-
-std::vector<Verb> probeVerbs() {
+std::vector<Verb> homeScreenProbes() {
   return {
-      {"verbs", "this table", {}, [](const json&) { return describeVerbs(); }},
-      {"subscribe", "from now on each event and change is pushed, or no more", {{"on", Type::toggle}}, subscribe},
-      {"calls",
-       "what the add-on hooked, added, observed, posted and, while messages are logged, sent: {\"kind\", \"class\", \"selector\", \"encoding\"}",
-       {sinceMember()},
-       calls},
-      {"log-messages",
-       "starts or ends logging the messages that the add-on sends",
-       {{"on", Type::toggle}},
-       switchMessageLog},
-      {"darwin-posts", "the names of the Darwin notifications posted, by whomever", {sinceMember()}, darwinPostsLog},
-      {"darwin-observers",
-       "{\"name\", \"observer\", \"object\", \"suspension\"} in order of registration",
-       {},
-       observers},
       {"platform",
        "what reached the platform's own methods: {\"touchesMoved\", \"forceTouchStateAsked\", \"passedOn\": boolean arguments as the bytes that arrived, \"completedBanners\", \"interposed\": calls by method}",
        {},
        platformCounts},
-      {"memory", "{\"peakKiB\"}: the most memory that the process has held", {}, memory},
-      {"live",
-       "live objects of the simulated classes and of those that the add-on registered, by class, and copied \"blocks\"",
-       {},
-       live},
-      {"class",
-       "what the runtime knows of the class itself: {\"superclass\", \"protocols\", \"instanceVariables\", \"methods\", \"classMethods\"}",
-       {{"name", Type::text}},
-       describeClass},
       {"perform",
        "sends a message to the menu host",
        {{"selector", Type::text},
@@ -264,5 +168,9 @@ std::vector<Verb> probeVerbs() {
        measure},
   };
 }
+
+}  // namespace
+
+std::vector<Verb> probeVerbs() { return commonProbes() + homeScreenProbes(); }
 
 }  // namespace sim

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cmath>
+#include <iterator>
+#include <utility>
 
 #include "simulator/control/agent/icon_names.hpp"
 
@@ -67,6 +70,16 @@ std::string nounOf(const Member& member) {
   return rowOf(member.type).noun;
 }
 
+/// What this process can be asked for.
+struct Table {
+  std::string process;
+  std::vector<VerbGroup> groups;
+};
+Table& table() {
+  static Table verbs;
+  return verbs;
+}
+
 // One line, whatever stands in it.
 std::string shown(const json& value) { return value.dump(-1, ' ', false, json::error_handler_t::replace); }
 
@@ -83,17 +96,26 @@ Member listOf(Member items) {
   return items;
 }
 
-const std::vector<VerbGroup>& verbGroups() {
-  static const std::vector<VerbGroup> groups = {
-      {"gesture", gestureVerbs()}, {"look", lookVerbs()}, {"probe", probeVerbs()}};
-  return groups;
+std::vector<Verb> operator+(std::vector<Verb> first, std::vector<Verb> second) {
+  std::move(second.begin(), second.end(), std::back_inserter(first));
+  return first;
+}
+
+void setVerbs(std::string process, std::vector<VerbGroup> groups) { table() = {std::move(process), std::move(groups)}; }
+
+const std::vector<VerbGroup>& verbGroups() { return table().groups; }
+
+std::vector<VerbGroup> homeScreenVerbs() {
+  return {{"gesture", gestureVerbs()}, {"look", lookVerbs()}, {"probe", probeVerbs()}};
 }
 
 const Verb& verbNamed(const std::string& name) {
   for (const VerbGroup& group : verbGroups())
     for (const Verb& verb : group.verbs)
       if (verb.name == name) return verb;
-  throw BadRequest("The home screen knows no \"" + name + "\"");
+  std::string process = table().process;
+  process.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(process.front())));
+  throw BadRequest(process + " knows no \"" + name + "\"");
 }
 
 json checkedMembers(const Verb& verb, const json& members) {

@@ -1,4 +1,4 @@
-// What the home-screen process can be asked for: the one table of verbs that everything reads that drives it.
+// What a process can be asked for: the one table of verbs that everything reads that drives it.
 #pragma once
 
 #include <nlohmann/json.hpp>
@@ -8,7 +8,7 @@
 
 namespace sim {
 
-/// A request that is wrong in itself, whatever the home screen shows. Nothing has changed.
+/// A request that is wrong in itself, whatever is on the screen. Nothing has changed.
 struct BadRequest : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
@@ -50,6 +50,9 @@ struct VerbGroup {
   std::vector<Verb> verbs;
 };
 const std::vector<VerbGroup>& verbGroups();
+/// Says what this process can be asked for, gestures first, and what people call it ("the home screen"). To be called
+/// once, before anything of this is asked for.
+void setVerbs(std::string process, std::vector<VerbGroup> groups);
 
 /// Throws `BadRequest` for one that there is not.
 const Verb& verbNamed(const std::string& name);
@@ -60,10 +63,17 @@ nlohmann::json checkedMembers(const Verb& verb, const nlohmann::json& members);
 /// `{"name", "type", "needed", "choices"?, "items"?, "help"?}`.
 nlohmann::json describeVerbs();
 
-// The rows, one file each.
+/// The home screen's, one file for each group.
+std::vector<VerbGroup> homeScreenVerbs();
 std::vector<Verb> gestureVerbs();
 std::vector<Verb> lookVerbs();
 std::vector<Verb> probeVerbs();
+
+// What every process of a phone has that has a screen.
+std::vector<Verb> alertGestures();  ///< what a person does with a sheet or an alert
+std::vector<Verb> worldGestures();  ///< what happens around the process: time, notifications, preferences
+std::vector<Verb> commonLooks();
+std::vector<Verb> commonProbes();
 
 /// The words of a choice, from the table that says what they mean.
 template <class Table>
@@ -72,6 +82,9 @@ std::vector<std::string> namesOf(const Table& table) {
   for (const auto& [name, meaning] : table) names.push_back(name);
   return names;
 }
+
+/// One list of rows behind the other.
+std::vector<Verb> operator+(std::vector<Verb> first, std::vector<Verb> second);
 
 /// How rows say that a member may be missing, and what a list is of.
 Member optional(Member member);

@@ -30,6 +30,11 @@ std::vector<std::string>& posts() {
   return names;
 }
 
+std::function<void(const std::string&)>& carrier() {
+  static std::function<void(const std::string&)> carry = [](const std::string&) {};
+  return carry;
+}
+
 std::string described(const void* pointer) { return pointer != nullptr ? "set" : "nil"; }
 
 void callObservers(CFStringRef name) {
@@ -57,6 +62,8 @@ void callLater(const std::string& name, Call call) {
 const std::vector<DarwinObserver>& darwinObservers() { return registered(); }
 
 const std::vector<std::string>& darwinPosts() { return posts(); }
+
+void setDarwinCarrier(std::function<void(const std::string& name)> carry) { carrier() = std::move(carry); }
 
 void postDarwinNotification(const std::string& name) {
   posts().push_back(name);
@@ -87,6 +94,7 @@ void CFNotificationCenterPostNotification(CFNotificationCenterRef, CFStringRef n
   sim::callLog().push_back({sim::Call::Kind::post, "Darwin", posted,
                             "object " + sim::described(object) + ", user info " + sim::described(userInfo) +
                                 (immediately != 0 ? ", immediately" : "")});
+  sim::carrier()(posted);
   // As it was given: a pending post keeps its name no more than an observer does.
   sim::callLater(posted, [name] { sim::callObservers(name); });
 }

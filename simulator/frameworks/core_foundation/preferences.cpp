@@ -59,7 +59,7 @@ id heldPreferences(const std::string& domain) { return valuesIn(ask({{"do", "loo
 void setPreferences(const std::string& domain, id values, const std::vector<std::string>& removed) {
   const auto xml = xmlPropertyList(values);
   if (!xml) {
-    std::fprintf(stderr, "SpringBoard: the preferences of %s cannot hold what no property list can\n", domain.c_str());
+    std::fprintf(stderr, "the preferences of %s cannot hold what no property list can\n", domain.c_str());
     return;
   }
   ask({{"do", "set"}, {"domain", domain}, {"values", *xml}, {"removed", removed}});

@@ -36,7 +36,7 @@ bool UIAlertController::inPopover() const {
 }
 
 void UIAlertController::setTitle(id changed) {
-  title = copied(changed);
+  UIViewController::setTitle(changed);
   send(loadedView, "setNeedsLayout"_sel);
 }
 
@@ -115,7 +115,6 @@ void defineUIAlertController() {
   ClassBuilder<Self, UIViewController>("UIAlertController", "UIViewController")
       .classMethod<&Self::alertController>("alertControllerWithTitle:message:preferredStyle:")
       .method<&Self::loadView>("loadView")
-      .getter<&Self::title>("title")
       .method<&Self::setTitle>("setTitle:")
       .getter<&Self::message>("message")
       .method<&Self::setMessage>("setMessage:")

@@ -11,7 +11,6 @@ enum class UIAlertControllerStyle : NSInteger { actionSheet = 0, alert = 1 };
 
 /// A sheet or an alert.
 struct UIAlertController : UIViewController {
-  Ref<objc_object> title;    ///< nil for none
   Ref<objc_object> message;  ///< nil for none
   UIAlertControllerStyle preferredStyle = UIAlertControllerStyle::actionSheet;
   std::vector<Ref<UIAlertAction>> actions;       ///< in the order they were added

@@ -4,7 +4,10 @@
 #include <utility>
 
 #include "platform/dispatch.hpp"
+#include "simulator/frameworks/foundation/copying.hpp"
 #include "simulator/frameworks/uikit/UIAlertController.hpp"
+#include "simulator/frameworks/uikit/UINavigationController.hpp"
+#include "simulator/frameworks/uikit/UINavigationItem.hpp"
 #include "simulator/frameworks/uikit/UIPresentation.hpp"
 #include "simulator/frameworks/uikit/UIScreen.hpp"
 #include "simulator/frameworks/uikit/UIWindow.hpp"
@@ -24,6 +27,7 @@ void leave(UIViewController* controller) {
 }  // namespace
 
 UIViewController::~UIViewController() {
+  if (ownNavigationItem) ownNavigationItem->controller = nullptr;
   if (!presentedViewController) return;
   presentedViewController->presentingViewController = nullptr;
   removePresented(presentedViewController);
@@ -48,6 +52,25 @@ void UIViewController::loadView() {
 
 id UIViewController::popoverPresentationController() { return nullptr; }
 
+void UIViewController::setTitle(id changed) {
+  title = copied(changed);
+  if (UINavigationController* navigation = navigationController()) send(navigation->bar.get(), "setNeedsLayout"_sel);
+}
+
+UINavigationController* UIViewController::navigationController() {
+  UIViewController* outer = parentViewController;
+  while (outer != nullptr && !isKind(outer, "UINavigationController"_cls)) outer = outer->parentViewController;
+  return static_cast<UINavigationController*>(outer);
+}
+
+UINavigationItem* UIViewController::navigationItem() {
+  if (!ownNavigationItem) {
+    ownNavigationItem = make<UINavigationItem>("UINavigationItem"_cls);
+    ownNavigationItem->controller = this;
+  }
+  return ownNavigationItem;
+}
+
 void UIViewController::presentViewController(UIViewController* controller, bool animated,
                                              const BlockLiteral* completion) {
   if (controller == nullptr)
@@ -57,6 +80,9 @@ void UIViewController::presentViewController(UIViewController* controller, bool 
     raiseException("NSInvalidArgumentException", "Application tried to present modally a view controller " +
                                                      text(controller) + " that is already being presented by " +
                                                      text(controller->presentingViewController) + ".");
+  if (parentViewController != nullptr)
+    return send(parentViewController, "presentViewController:animated:completion:"_sel, controller, animated,
+                completion);
   const char* obstacle = window() == nullptr       ? "whose view is not in the window hierarchy"
                          : presentedViewController ? "which is already presenting"
                                                    : nullptr;
@@ -89,7 +115,8 @@ BOOL UIViewController::isBeingDismissed() {
 
 void UIViewController::dismissViewController(bool animated, const BlockLiteral* completion) {
   if (!presentedViewController) {
-    send(presentingViewController, "dismissViewControllerAnimated:completion:"_sel, animated, completion);
+    UIViewController* outer = parentViewController != nullptr ? parentViewController : presentingViewController;
+    send(outer, "dismissViewControllerAnimated:completion:"_sel, animated, completion);
     return;
   }
   const Ref<UIViewController> leaving = presentedViewController;
@@ -134,6 +161,11 @@ void defineUIViewController() {
       .method<&UIViewController::viewDidAppear>("viewDidAppear:")
       .method<&UIViewController::viewWillDisappear>("viewWillDisappear:")
       .method<&UIViewController::viewDidDisappear>("viewDidDisappear:")
+      .getter<&UIViewController::title>("title")
+      .method<&UIViewController::setTitle>("setTitle:")
+      .getter<&UIViewController::parentViewController>("parentViewController")
+      .method<&UIViewController::navigationController>("navigationController")
+      .method<&UIViewController::navigationItem>("navigationItem")
       .getter<&UIViewController::presentedViewController>("presentedViewController")
       .getter<&UIViewController::presentingViewController>("presentingViewController")
       .method<&UIViewController::popoverPresentationController>("popoverPresentationController")

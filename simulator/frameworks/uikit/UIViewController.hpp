@@ -5,12 +5,18 @@
 
 namespace sim {
 
+struct UINavigationController;
+struct UINavigationItem;
+
 /// A controller keeps its view and what it presents.
 struct UIViewController : Object {
   Ref<UIView> loadedView;  ///< nil until the view is asked for
+  Ref<objc_object> title;  ///< nil for none
   Ref<UIViewController> presentedViewController;
   UIViewController* presentingViewController = nullptr;
-  Ref<UIView> transitionView;  ///< while it is presented: what its view stands in
+  Ref<UIView> transitionView;                        ///< while it is presented: what its view stands in
+  UIViewController* parentViewController = nullptr;  ///< the controller that it stands in; not kept
+  Ref<UINavigationItem> ownNavigationItem;           ///< made when first asked for
 
   ~UIViewController();
   /// Loads the view if need be.
@@ -24,11 +30,16 @@ struct UIViewController : Object {
   void viewDidAppear(bool) {}
   void viewWillDisappear(bool) {}
   void viewDidDisappear(bool) {}
+  void setTitle(id title);
+  /// The nearest navigation controller that it stands in; nil for none.
+  UINavigationController* navigationController();
+  /// What a navigation bar shows of it, besides its title.
+  UINavigationItem* navigationItem();
   /// Nil, but for controllers that are shown in a popover.
   id popoverPresentationController();
-  /// Presents modally; the completion runs when the controller has come, which takes its time when it is animated. As
-  /// on the platform, a controller that is in no window, or presents something already, presents nothing and says so on
-  /// the error output.
+  /// Presents modally, from the outermost controller that this one stands in; the completion runs when the controller
+  /// has come, which takes its time when it is animated. As on the platform, a controller that is in no window, or
+  /// presents something already, presents nothing and says so on the error output.
   void presentViewController(UIViewController* controller, bool animated, const BlockLiteral* completion);
   BOOL isBeingPresented();
   BOOL isBeingDismissed();

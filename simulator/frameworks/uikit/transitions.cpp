@@ -11,6 +11,9 @@ namespace {
 
 constexpr std::int64_t presenting = 400'000'000;
 constexpr std::int64_t dismissing = 300'000'000;
+constexpr std::int64_t sliding = 350'000'000;
+/// By the order of `Transition::Kind`.
+constexpr std::int64_t durations[] = {presenting, dismissing, sliding, sliding};
 
 bool animating = true;
 
@@ -34,7 +37,7 @@ void beginTransition(Transition::Kind kind, UIViewController* controller, bool a
     dispatch::afterOnMain(0, [done = std::move(done)] { done(); });
     return;
   }
-  const std::int64_t duration = kind == Transition::Kind::presentation ? presenting : dismissing;
+  const std::int64_t duration = durations[static_cast<std::size_t>(kind)];
   running().push_back({kind, controller, clock::passed(), clock::passed() + duration});
   dispatch::afterOnMain(duration, [kept = Ref<UIViewController>(controller), done = std::move(done)] {
     std::erase_if(running(), [&](const Transition& each) { return each.controller.get() == kept.get(); });

@@ -4,15 +4,26 @@
 #include "simulator/frameworks/uikit/UIAlertController.hpp"
 #include "simulator/frameworks/uikit/UIAlertControllerView.hpp"
 #include "simulator/frameworks/uikit/UIApplication.hpp"
+#include "simulator/frameworks/uikit/UIBarButtonItem.hpp"
+#include "simulator/frameworks/uikit/UIControl.hpp"
 #include "simulator/frameworks/uikit/UIDevice.hpp"
 #include "simulator/frameworks/uikit/UIImageView.hpp"
 #include "simulator/frameworks/uikit/UIKeyboard.hpp"
 #include "simulator/frameworks/uikit/UILabel.hpp"
+#include "simulator/frameworks/uikit/UINavigationBar.hpp"
+#include "simulator/frameworks/uikit/UINavigationController.hpp"
+#include "simulator/frameworks/uikit/UINavigationItem.hpp"
 #include "simulator/frameworks/uikit/UIPageControl.hpp"
 #include "simulator/frameworks/uikit/UIPasteboard.hpp"
 #include "simulator/frameworks/uikit/UIPresentation.hpp"
 #include "simulator/frameworks/uikit/UIScreen.hpp"
 #include "simulator/frameworks/uikit/UIScrollView.hpp"
+#include "simulator/frameworks/uikit/UISegmentedControl.hpp"
+#include "simulator/frameworks/uikit/UISlider.hpp"
+#include "simulator/frameworks/uikit/UISwitch.hpp"
+#include "simulator/frameworks/uikit/UITableView.hpp"
+#include "simulator/frameworks/uikit/UITableViewCell.hpp"
+#include "simulator/frameworks/uikit/UITableViewHeaderFooterView.hpp"
 #include "simulator/frameworks/uikit/UITouch.hpp"
 #include "simulator/frameworks/uikit/UIWindow.hpp"
 
@@ -28,6 +39,13 @@ void defineUIKit() {
       defineUIView,
       defineUIWindow,
       defineUIScrollView,
+      defineUITableView,
+      defineUITableViewCell,
+      defineUITableViewHeaderFooterView,
+      defineUIControl,
+      defineUISwitch,
+      defineUISegmentedControl,
+      defineUISlider,
       defineUIDimmingView,
       defineUIAlertControllerView,
       defineUIKeyboard,
@@ -36,7 +54,11 @@ void defineUIKit() {
       defineUIImageView,
       defineUITextField,
       defineUIActivityIndicatorView,
+      defineUIBarButtonItem,
+      defineUINavigationItem,
+      defineUINavigationBar,
       defineUIViewController,
+      defineUINavigationController,
       defineUIPopoverPresentationController,
       defineUIAlertAction,
       defineUIAlertController,

@@ -7,6 +7,7 @@
 #include "simulator/frameworks/uikit/UIScreen.hpp"
 #include "simulator/homescreen/common/icons.hpp"
 #include "simulator/homescreen/common/windows.hpp"
+#include "simulator/runtime/main_queue.hpp"
 
 namespace sim::touches {
 namespace {
@@ -38,7 +39,7 @@ void requireScreenOn(const std::string& what) {
 }  // namespace
 
 UIView* touched(CGPoint onScreen) {
-  updateWindows();
+  endTurn();
   requireScreenOn("Nothing can be touched");
   if (!contains(screenBounds(), onScreen)) throw Refused("The point lies outside the screen");
   return viewAt(onScreen);
@@ -57,7 +58,7 @@ CGPoint reach(UIView* view, const std::string& name) {
 }
 
 Button requireButton(const std::string& title) {
-  updateWindows();
+  endTurn();
   const auto alerts = alertsFromTheTop();
   if (alerts.empty()) throw Refused("The topmost window shows no sheet or alert");
   for (UIAlertController* alert : alerts)
@@ -73,7 +74,7 @@ Button requireButton(const std::string& title) {
 }
 
 UIAlertController* topAlert() {
-  updateWindows();
+  endTurn();
   const auto alerts = alertsFromTheTop();
   return alerts.empty() ? nullptr : alerts.front();
 }

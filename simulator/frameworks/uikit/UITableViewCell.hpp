@@ -1,0 +1,19 @@
+#pragma once
+
+#include "simulator/frameworks/uikit/UILabel.hpp"
+
+namespace sim {
+
+/// A row of a table.
+struct UITableViewCell : UIView {
+  /// A row without a text or a second one is as high as this.
+  static constexpr CGFloat height = 44;
+  Ref<UILabel> ownTextLabel, ownDetailTextLabel;  ///< made when first asked for
+
+  UILabel* textLabel();
+  UILabel* detailTextLabel();
+};
+
+void defineUITableViewCell();
+
+}  // namespace sim
