@@ -100,7 +100,7 @@ const Cell cells[] = {
     {"QuickActionList", "Quick-Action List", "off", "on", false, listsTheMenu},
     {"SwipeDown", "Swipe Direction", "Up", "Down", false, [](Phone& phone) { return test::opensAMenu(phone, down); }},
     {"SwipeOff", "Swipe Direction", "Up", "Off", true, [](Phone& phone) { return test::opensAMenu(phone, up); }},
-    {"SwipeDistance", "Swipe Distance", "1.00", "20.00", true,
+    {"SwipeDistance", "Swipe Distance", "1", "20", true,
      [](Phone& phone) { return test::opensAMenu(phone, up); }},
     {"SwipeWhileEditing", "Swipe While Editing", "off", "on", false, opensWhileEditing},
     entry("Rename", "Rename App"),
