@@ -204,6 +204,14 @@ Phone& Phone::uninstall(std::string_view id) {
   return noticed();
 }
 
+Package Phone::installPackage(const fs::path& file) { return finishInstalling(sim::installPackage(device_, file)); }
+Package Phone::removePackage(std::string_view name) { return finishInstalling(sim::removePackage(device_, name)); }
+
+Package Phone::finishInstalling(Package package) {
+  if (package.wantsRestart && booted()) respring();
+  return package;
+}
+
 Phone& Phone::setFilzaInstalled(bool installed) {
   device_.setFilzaInstalled(installed);
   return noticed();
