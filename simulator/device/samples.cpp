@@ -206,9 +206,6 @@ void makeSampleApplication(const fs::path& root, std::string_view id) {
 void makeSampleDevice(const fs::path& root) {
   makeFolders(root);
   fs::create_symlink("/bin/tar", root / "usr/bin/tar");
-  const fs::path images = root / "Library/PreferenceBundles/SprigdialSettings.bundle";
-  writeFile(images / "Sprigdial.png", dialImage(35));
-  writeFile(images / "icon@3x.png", dialImage(105));
 
   Json state = Json::object();
   for (const Sample& sample : samples()) {

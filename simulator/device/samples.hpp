@@ -1,4 +1,4 @@
-// What a new device holds: invented applications with data, a bookmark, the settings pane's images.
+// What a new device holds: invented applications with data, and a bookmark.
 #pragma once
 
 #include <filesystem>
