@@ -1,4 +1,4 @@
-# One program holds all tests; CTest runs every test in a process of its own.
+# One program holds all tests; CTest starts it once for each suite.
 enable_testing()
 find_package(GTest REQUIRED)
 
@@ -10,7 +10,7 @@ add_dependencies(minimal-host Sprigdial)
 
 # The settings as the library reads them, printed.
 add_library(settings_room OBJECT settings/settings.cpp)
-target_link_libraries(settings_room PRIVATE addon_options)
+target_link_libraries(settings_room PRIVATE platform_image_options)
 add_executable(settings-probe tests/settings/settings_probe.cpp)
 target_link_libraries(settings-probe PRIVATE settings_room)
 link_home_screen_process(settings-probe)
@@ -28,14 +28,14 @@ foreach(pane test-pane incomplete-pane)
   string(REPLACE "-" "_" source ${pane})
   add_library(${pane} MODULE tests/preferences/${source}.cpp)
   set_target_properties(${pane} PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
-  target_link_libraries(${pane} PRIVATE addon_options)
+  target_link_libraries(${pane} PRIVATE platform_image_options)
   target_link_options(${pane} PRIVATE -nostdlib -fuse-ld=lld-16 -Wl,-z,undefs -Wl,-z,now)
 endforeach()
 
 file(GLOB_RECURSE test_sources CONFIGURE_DEPENDS tests/*_test.cpp tests/support/*.cpp)
 if(SANITIZE)
   # What the files are made of is asked of the builds that are used.
-  list(REMOVE_ITEM test_sources ${PROJECT_SOURCE_DIR}/tests/loader/library_file_test.cpp)
+  list(FILTER test_sources EXCLUDE REGEX tests/package/|tests/loader/library_file_test.cpp)
 endif()
 add_executable(sprigdial-tests ${test_sources})
 target_link_libraries(sprigdial-tests PRIVATE simulator_control GTest::gtest_main PkgConfig::PNG PkgConfig::ARCHIVE)
@@ -45,15 +45,21 @@ target_precompile_headers(sprigdial-tests PRIVATE tests/support/phone.hpp)
 set_source_files_properties(tests/support/places.cpp PROPERTIES SKIP_PRECOMPILE_HEADERS ON COMPILE_DEFINITIONS
   "SOURCE_DIR=\"${PROJECT_SOURCE_DIR}\";BUILD_DIR=\"${CMAKE_BINARY_DIR}\";DRIVER=\"$<TARGET_FILE:home-screen>\";\
 MINIMAL_HOST=\"$<TARGET_FILE:minimal-host>\";PC_LIBRARY=\"$<TARGET_FILE:Sprigdial>\";\
-DEVICE_LIBRARY=\"${PROJECT_SOURCE_DIR}/build/device/Sprigdial.dylib\"")
+DEVICE_LIBRARY=\"${PROJECT_SOURCE_DIR}/build/device/Sprigdial.dylib\";\
+PC_PANE=\"$<TARGET_FILE:SprigdialSettings>\";DEVICE_PANE=\"${PROJECT_SOURCE_DIR}/build/device/SprigdialSettings\";\
+PANE_IMAGES=\"${CMAKE_BINARY_DIR}/images\";\
+DEVICE_PACKAGE=\"${PROJECT_SOURCE_DIR}/build/device/com.morvanel.sprigdial_${PROJECT_VERSION}_iphoneos-arm.deb\"")
 add_dependencies(sprigdial-tests SpringBoard Preferences cfprefsd installd home-screen minimal-host settings-probe
   property-list-probe platform-probe test-pane incomplete-pane Sprigdial-unoptimised)
 
-include(GoogleTest)
 # What the runtime and Foundation keep for the life of a process is no leak.
 set(sanitizer_environment "ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1")
-gtest_discover_tests(sprigdial-tests DISCOVERY_TIMEOUT 60
-  PROPERTIES TIMEOUT 300 ENVIRONMENT "${sanitizer_environment}")
+set(suites ${CMAKE_BINARY_DIR}/suites.cmake)
+add_custom_command(TARGET sprigdial-tests POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E env ${sanitizer_environment} ${CMAKE_COMMAND} -D PROGRAM=$<TARGET_FILE:sprigdial-tests>
+    -D OUTPUT=${suites} -D ENVIRONMENT=${sanitizer_environment} -P ${PROJECT_SOURCE_DIR}/cmake/DiscoverSuites.cmake
+  VERBATIM)
+set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${suites})
 
 # The example scripts are played as they stand.
 file(GLOB scripts CONFIGURE_DEPENDS scripts/*.txt)

@@ -23,13 +23,9 @@ NSString* shownName(const SBIcon* icon) {
 
 void storeName(NSString* bundleIdentifier, NSString* name) {
   if (bundleIdentifier == nullptr) return;
-  auto* stored = NSMutableDictionary::copyOf(storedNames());
-  if (stored == nullptr) stored = NSMutableDictionary::dictionary();
-  stored->setValue(name, bundleIdentifier);
-  stored->writeToFileAtomically(settingsFile());
+  storeInSettingsFile(bundleIdentifier, name);
   constexpr double firstVersionWithPreferences = 1000.0;
-  if (kCFCoreFoundationVersionNumber >= firstVersionWithPreferences)
-    CFPreferencesSetAppValue(bundleIdentifier, name, "com.morvanel.sprigdial"_ns);
+  if (kCFCoreFoundationVersionNumber >= firstVersionWithPreferences) storeInPreferences(bundleIdentifier, name);
 }
 
 NSString* iconName(SBIcon* icon, SEL selector) {

@@ -125,9 +125,7 @@ void save(RenameIcon* self, SEL) {
   closeDialog(self);
   storeName(self->icon()->leafIdentifier(), self->renameTitle().get());
   self->iconView()->updateLabel();
-  if (Generation::isNew())
-    CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(),
-                                         "com.morvanel.sprigdial.renamelable"_ns, nullptr, nullptr, 1);
+  if (Generation::isNew()) postDarwinNotification("com.morvanel.sprigdial.renamelable"_ns);
   finish(self);
 }
 
@@ -142,24 +140,14 @@ void registerRenameIcon() {
   Protocol* protocol = objc_getProtocol("UITextFieldDelegate");
   if (protocol != nullptr) class_addProtocol(cls, protocol);
 
-  struct Method {
-    const char* selector;
-    IMP implementation;
-    const char* types;
-  };
-  const Method methods[] = {
-      {"initWithIcon:iconView:", reinterpret_cast<IMP>(&init), "@@:@@"},
-      {"receiveTouch", reinterpret_cast<IMP>(&receiveTouch), "v@:"},
-      {"show", reinterpret_cast<IMP>(&show), "v@:"},
-      {"save", reinterpret_cast<IMP>(&save), "v@:"},
-      {".cxx_destruct", reinterpret_cast<IMP>(&releaseVariables), "v@:"},
-      {"dealloc", reinterpret_cast<IMP>(&dealloc), "v@:"},
-  };
-  for (const auto& [selector, implementation, types] : methods)
-    class_addMethod(cls, sel_registerName(selector), implementation, types);
+  addMethod(cls, "initWithIcon:iconView:", &init);
+  addMethod(cls, "receiveTouch", &receiveTouch);
+  addMethod(cls, "show", &show);
+  addMethod(cls, "save", &save);
+  addMethod(cls, ".cxx_destruct", &releaseVariables);
+  addMethod(cls, "dealloc", &dealloc);
   objc_registerClassPair(cls);
-  class_addMethod(object_getClass(reinterpret_cast<id>(cls)), "renamerWithIcon:iconView:"_sel,
-                  reinterpret_cast<IMP>(&renamer), "@@:@@");
+  addMethod(object_getClass(reinterpret_cast<id>(cls)), "renamerWithIcon:iconView:", &renamer);
 }
 
 }  // namespace labels

@@ -59,15 +59,6 @@ consteval Row hook(Group group, const char* className, const char* selector) {
           }};
 }
 
-template <class Self>
-constexpr const char* encodingOf(void (*)(Self*, SEL)) {
-  return "v@:";
-}
-template <class Self, class Argument>
-constexpr const char* encodingOf(void (*)(Self*, SEL, Argument*)) {
-  return "v@:@";
-}
-
 /// Adds a method. Its type encoding follows from the function's type.
 template <auto* Function>
 consteval Row add(Group group, const char* className, const char* selector) {

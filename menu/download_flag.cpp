@@ -21,10 +21,7 @@ NSUInteger isDownloadingIcon(SBDownloadingIcon* icon, SEL selector) {
 
 void uninstalledByUser(SBDownloadingIcon* icon, SEL selector) {
   constexpr std::int64_t halfASecond = 500'000'000;
-  dispatch::afterOnMain(halfASecond, [] {
-    CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(),
-                                         "com.morvanel.sprigdial.isdownload"_ns, nullptr, nullptr, 1);
-  });
+  dispatch::afterOnMain(halfASecond, [] { postDarwinNotification("com.morvanel.sprigdial.isdownload"_ns); });
   platformUninstalledByUser(icon, selector);
 }
 

@@ -1,24 +1,17 @@
 #include "mute/registry.hpp"
 
+#include "mute/list_file.hpp"
+
 namespace mute {
 namespace {
 
 // The property list in memory; nil when it could not be read.
 constinit Slot<NSMutableDictionary> registry;
 
-constexpr std::int32_t withoutEnd = -1;
-
-NSString* file() { return "/var/mobile/Library/Preferences/com.morvanel.sprigdial.menu.plist"_ns; }
-NSString* entriesKey() { return "entries"_ns; }
-NSString* idKey() { return "id"_ns; }
-NSString* timeKey() { return "timeStamp"_ns; }
-
 double now() { return NSDate::date()->timeIntervalSince1970(); }
 
 // Times are compared as the 32-bit whole seconds that the list has always been read in.
 std::int32_t wholeSeconds(double time) { return static_cast<std::int32_t>(static_cast<std::int64_t>(time)); }
-
-NSArray* entriesOf(const NSDictionary* all) { return as<NSArray>(all->objectForKey(entriesKey())); }
 
 // A record as a mutable dictionary; nil for something else, which is left where it is.
 NSMutableDictionary* recordAt(const NSArray* list, NSUInteger index) {
@@ -27,12 +20,6 @@ NSMutableDictionary* recordAt(const NSArray* list, NSUInteger index) {
 
 bool isFor(const NSDictionary* record, const NSString* bundleIdentifier) {
   return bundleIdentifier->isEqual(record->objectForKey(idKey()));
-}
-
-// 0 for a record without a time.
-std::int32_t endOf(const NSDictionary* record) {
-  NSObject* time = record->objectForKey(timeKey());
-  return as<NSNumber>(time) != nullptr || as<NSString>(time) != nullptr ? send<int>(time, "intValue"_sel) : 0;
 }
 
 // Records change in place: whatever kinds the reader gives, they are mutable from here on.
@@ -54,16 +41,16 @@ NSNumber* endAfter(double seconds) {
 
 void createRegistryFile() {
   NSFileManager* files = NSFileManager::defaultManager();
-  if (files->fileExists(file())) return;
+  if (files->fileExists(listFile())) return;
   constexpr int readableByAll = 0644;
   NSNumber* permissions = NSNumber::withInt(readableByAll);
-  files->createFile(file(), nullptr, NSDictionary::with(permissions, NSFilePosixPermissions));
-  NSDictionary::with(NSArray::array(), entriesKey())->writeToFileAtomically(file());
+  files->createFile(listFile(), nullptr, NSDictionary::with(permissions, NSFilePosixPermissions));
+  NSDictionary::with(NSArray::array(), entriesKey())->writeToFileAtomically(listFile());
 }
 
 void loadRegistry() {
   const AutoreleasePool pool;
-  auto* all = NSMutableDictionary::copyOf(NSMutableDictionary::withContentsOfFile(file()));
+  auto* all = NSMutableDictionary::copyOf(NSMutableDictionary::withContentsOfFile(listFile()));
   if (NSArray* stored = entriesOf(all)) all->set(mutableRecords(stored), entriesKey());
   registry.set(all);
 }
@@ -93,7 +80,7 @@ void registerMute(NSString* bundleIdentifier, double seconds) {
     list->add(record);
   }
   all->set(list, entriesKey());
-  all->writeToFileAtomically(file());
+  all->writeToFileAtomically(listFile());
 }
 
 bool isMutedNow(NSString* bundleIdentifier) {
@@ -102,8 +89,7 @@ bool isMutedNow(NSString* bundleIdentifier) {
   for (NSUInteger i = 0; i < count; ++i) {
     NSMutableDictionary* record = recordAt(list, i);
     if (record == nullptr || !isFor(record, bundleIdentifier)) continue;
-    const std::int32_t end = endOf(record);
-    if (now() < end || end == withoutEnd) return true;
+    if (isInForce(record, now())) return true;
   }
   return false;
 }
@@ -130,7 +116,7 @@ bool isMuted(NCNotificationRequest* request) {
   }
   // Written at each of these notifications, whether or not a record left.
   list->removeAll(expired);
-  all->writeToFileAtomically(file());
+  all->writeToFileAtomically(listFile());
   return muted;
 }
 

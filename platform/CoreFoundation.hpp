@@ -22,3 +22,8 @@ void CFNotificationCenterPostNotification(CFNotificationCenterRef center, CFStri
                                           const void* userInfo, std::uint8_t deliverImmediately);
 void CFPreferencesSetAppValue(CFStringRef key, const void* value, CFStringRef application);
 }
+
+/// Tells every process that listens; only the name travels.
+inline void postDarwinNotification(CFStringRef name) {
+  CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(), name, nullptr, nullptr, 1);
+}

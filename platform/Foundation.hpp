@@ -16,6 +16,7 @@ class NSObject : public objc_object {
   bool isEqual(const NSObject* other) const { return send<BOOL>(this, "isEqual:"_sel, other); }
   NSString* description() const { return send<NSString*>(this, "description"_sel); }
   NSObject* valueForKey(NSString* key) const { return send<NSObject*>(this, "valueForKey:"_sel, key); }
+  /// The object stays at least until then.
   void performAfterDelay(SEL selector, double seconds) const {
     send(this, "performSelector:withObject:afterDelay:"_sel, selector, static_cast<id>(nullptr), seconds);
   }
@@ -49,14 +50,14 @@ class NSString : public NSObject {
   }
 };
 
+inline void lookUp(NSString*& made, const char* text) {
+  made = send<NSString*>(send<id>(NSString::cls(), "alloc"_sel), "initWithUTF8String:"_sel, text);
+}
+
 /// A text made at the first use of the literal and kept for the life of the process.
 template <LiteralText Text>
-NSString* operator""_ns() {
-  static constinit NSString* text = nullptr;
-  if (text == nullptr)
-    text = send<NSString*>(send<id>(NSString::cls(), "alloc"_sel), "initWithUTF8String:"_sel,
-                           static_cast<const char*>(Text.characters));
-  return text;
+[[gnu::always_inline]] inline NSString* operator""_ns() {
+  return found<NSString*, Text>();
 }
 
 /// What the format "%@" writes for an object: its description, and "(null)" for nil. A text of its own: it stays when
@@ -77,6 +78,12 @@ class NSNumber : public NSObject {
   static NSNumber* withDouble(double value) { return send<NSNumber*>(cls(), "numberWithDouble:"_sel, value); }
 };
 
+/// The object when it answers the conversions to numbers, as numbers and texts do and dates, data and collections do
+/// not; nil otherwise.
+inline NSObject* numberOrText(NSObject* object) {
+  return as<NSNumber>(object) != nullptr || as<NSString>(object) != nullptr ? object : nullptr;
+}
+
 class NSArray : public NSObject {
  public:
   static Class cls() { return "NSArray"_cls; }
@@ -86,10 +93,12 @@ class NSArray : public NSObject {
   T* at(NSUInteger index) const {
     return send<T*>(this, "objectAtIndex:"_sel, index);
   }
-  /// The same objects, sorted by `compare:`, greatest first.
+  bool contains(const NSObject* object) const { return send<BOOL>(this, "containsObject:"_sel, object); }
+  /// The same objects, sorted by `compare:`, smallest first.
+  NSArray* sorted() const { return send<NSArray*>(this, "sortedArrayUsingSelector:"_sel, "compare:"_sel); }
+  /// The same, greatest first.
   NSArray* sortedDescending() const {
-    auto* ascending = send<NSArray*>(this, "sortedArrayUsingSelector:"_sel, "compare:"_sel);
-    return send<NSArray*>(send<NSObject*>(ascending, "reverseObjectEnumerator"_sel), "allObjects"_sel);
+    return send<NSArray*>(send<NSObject*>(sorted(), "reverseObjectEnumerator"_sel), "allObjects"_sel);
   }
 };
 
@@ -127,6 +136,7 @@ class NSDictionary : public NSObject {
   static NSDictionary* with(const NSObject* object, const NSString* key) {
     return send<NSDictionary*>(cls(), "dictionaryWithObject:forKey:"_sel, object, key);
   }
+  NSArray* allKeys() const { return send<NSArray*>(this, "allKeys"_sel); }
   /// Nil when there is none.
   NSObject* objectForKey(const NSString* key) const { return send<NSObject*>(this, "objectForKey:"_sel, key); }
   bool writeToFileAtomically(const NSString* path) const {
@@ -229,8 +239,19 @@ class NSFileManager : public NSObject {
   }
 };
 
+class NSBundle : public NSObject {
+ public:
+  /// Nil when there is no such folder.
+  static NSBundle* withPath(const NSString* path) {
+    return send<NSBundle*>("NSBundle"_cls, "bundleWithPath:"_sel, path);
+  }
+};
+
 class NSDate : public NSObject {
  public:
+  static NSDate* since1970(double seconds) {
+    return send<NSDate*>("NSDate"_cls, "dateWithTimeIntervalSince1970:"_sel, seconds);
+  }
   static NSDate* date() { return send<NSDate*>("NSDate"_cls, "date"_sel); }
   /// Seconds.
   double timeIntervalSince1970() const { return send<double>(this, "timeIntervalSince1970"_sel); }

@@ -14,20 +14,36 @@ struct LiteralText {
   }
 };
 
+inline void lookUp(SEL& selector, const char* name) { selector = sel_registerName(name); }
+inline void lookUp(Class& cls, const char* name) { cls = objc_getClass(name); }
+
+/// What stands in the slot, looked up by the text as long as there is nothing. One function for all literals of a kind,
+/// each with no more than its slot: a phone maps whole pages.
+template <class T>
+T found(T& slot, const char* text) {
+  if (slot == nullptr) lookUp(slot, text);
+  return slot;
+}
+
+template <class T, LiteralText Text>
+[[gnu::always_inline]] inline T found() {
+  static constinit struct {
+    T slot;
+    decltype(Text) text;
+  } literal{nullptr, Text};
+  return found(literal.slot, literal.text.characters);
+}
+
 /// The selector of that name, looked up at the first use of the literal and kept.
 template <LiteralText Text>
-SEL operator""_sel() {
-  static constinit SEL selector = nullptr;
-  if (selector == nullptr) selector = sel_registerName(Text.characters);
-  return selector;
+[[gnu::always_inline]] inline SEL operator""_sel() {
+  return found<SEL, Text>();
 }
 
 /// The class of that name, kept from the first time it is found; nil while there is none.
 template <LiteralText Text>
-Class operator""_cls() {
-  static constinit Class cls = nullptr;
-  if (cls == nullptr) cls = objc_getClass(Text.characters);
-  return cls;
+[[gnu::always_inline]] inline Class operator""_cls() {
+  return found<Class, Text>();
 }
 
 // Struct results of more than 16 bytes travel through memory on x86-64 and have an entry point of their
@@ -63,6 +79,23 @@ Result sendSuper(const void* receiver, Class superclass, SEL selector, Arguments
   using Function = Result (*)(const void*, SEL, Arguments...);
   return reinterpret_cast<Function>(class_getMethodImplementation(superclass, selector))(receiver, selector,
                                                                                          arguments...);
+}
+
+template <class Result, class... Arguments>
+inline constexpr char objectEncoding[] = {std::is_void_v<Result> ? 'v' : '@', '@', ':',
+                                          (std::is_pointer_v<Arguments> ? '@' : '?')..., '\0'};
+
+/// How the runtime writes the type of a method that takes objects only, and gives one or nothing.
+template <class Result, class Self, class... Arguments>
+  requires((std::is_void_v<Result> || std::is_pointer_v<Result>) && ... && std::is_pointer_v<Arguments>)
+constexpr const char* encodingOf(Result (*)(Self*, SEL, Arguments...)) {
+  return objectEncoding<Result, Arguments...>;
+}
+
+/// Gives the class a method, whatever its superclass has under that name.
+template <class Function>
+void addMethod(Class cls, const char* selector, Function* function) {
+  class_addMethod(cls, sel_registerName(selector), reinterpret_cast<IMP>(function), encodingOf(function));
 }
 
 /// An object as the C interface wants it.

@@ -34,11 +34,6 @@ constexpr Key keys[] = {
     {"hideLabel", &Settings::hideLabel, false},   {"disableType", &Settings::disableType, 2},
 };
 
-// Numbers and texts answer the conversions; dates, data and collections do not.
-NSObject* convertible(NSObject* value) {
-  return as<NSNumber>(value) != nullptr || as<NSString>(value) != nullptr ? value : nullptr;
-}
-
 NSObject* defaultOf(const Key& key) {
   if (key.flag != nullptr) return NSNumber::withBool(key.defaultValue != 0);
   if (key.number != nullptr) return NSNumber::withInt(static_cast<int>(key.defaultValue));
@@ -46,7 +41,7 @@ NSObject* defaultOf(const Key& key) {
 }
 
 void load(Settings& loaded, const Key& key, const NSDictionary* stored) {
-  NSObject* value = convertible(stored->objectForKey(NSString::text(key.name)));
+  NSObject* value = numberOrText(stored->objectForKey(NSString::text(key.name)));
   if (value == nullptr) value = defaultOf(key);
   if (key.flag != nullptr) loaded.*key.flag = send<BOOL>(value, "boolValue"_sel);
   if (key.number != nullptr) loaded.*key.number = send<int>(value, "intValue"_sel);

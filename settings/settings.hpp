@@ -1,7 +1,7 @@
 // The user's choices, as the settings pane writes them.
 #pragma once
 
-#include "platform/CoreFoundation.hpp"
+#include "settings/file.hpp"
 
 /// The settings in force. Plain values, replaced as a whole on every load; read on the main thread.
 struct Settings {
@@ -33,9 +33,6 @@ struct Settings {
 };
 
 inline constinit Settings settings{};
-
-/// The settings pane's file. Renamed labels are kept in it too, under bundle identifiers.
-inline NSString* settingsFile() { return "/var/mobile/Library/Preferences/com.morvanel.sprigdial.plist"_ns; }
 
 /// Reads the settings file into `settings`. A key that is absent, or holds something that is neither number
 /// nor text, gives its default; so does every key when there is no readable file.

@@ -38,7 +38,7 @@ void boot(Session& session, const Json& members) {
 
 void respring(Session& session, const Json&) {
   session.phone().respring();
-  session.forgetEvents();
+  session.begin();
 }
 
 void screen(Session& session, const Json& members) {

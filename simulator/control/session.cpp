@@ -61,7 +61,7 @@ void Session::boot(Phone::Options options, const std::optional<fs::path>& device
   phone_ = std::move(phone);
   freshDevice_ = std::move(fresh);
   clock_.begin(options_.live);
-  forgetEvents();
+  begin();
 }
 
 const std::vector<VerbDescription>& Session::verbs() {
@@ -129,6 +129,16 @@ void Session::perform(const VerbDescription& verb, const Json& members) {
   }
   const Json value = phone().ask(verb.name, members);
   output_ << (value.is_null() && verb.group == "look" ? "nothing\n" : readable(value));
+  if (verb.name == "swipe" || verb.name == "choose") noteMenu();
+}
+
+void Session::noteMenu() {
+  // It takes 0.4 seconds to come and keeps the next one away for 0.8 seconds from then on.
+  constexpr std::int64_t guard = 1'200'000'000;
+  const std::int64_t now = phone().ask("uptime");
+  if (phone().screen().topAlert() != nullptr) menuCame_ = now;
+  else if (menuCame_ && now - *menuCame_ < guard)
+    output_ << "No menu comes so soon after the last one; \"advance 1\" lets the time pass\n";
 }
 
 std::string Session::advice(const VerbDescription& verb, const Json& members) {

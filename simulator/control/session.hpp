@@ -1,6 +1,7 @@
 // One person's time with phones: what he types is done, one line after the other.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -57,8 +58,11 @@ class Session {
   /// Boots another phone; the one before is kept when that fails. Without a device it gets a fresh one.
   void boot(Phone::Options options, const std::optional<std::filesystem::path>& device);
   void quit() { over_ = true; }
-  /// The home screen starts to count its events anew.
-  void forgetEvents() { eventsFrom_ = eventsUpTo_ = 0; }
+  /// Another home screen begins: its events are counted anew, and no menu has come yet.
+  void begin() {
+    eventsFrom_ = eventsUpTo_ = 0;
+    menuCame_.reset();
+  }
   /// The screen as text, with the events since the last `showScreen`, and what the settings application shows if it is
   /// open.
   std::string look();
@@ -70,6 +74,8 @@ class Session {
 
  private:
   void perform(const VerbDescription& verb, const nlohmann::json& members);
+  /// After what may open a menu: tells when none came because of the one before.
+  void noteMenu();
   /// What helps on after a verb was refused; empty when nothing does.
   std::string advice(const VerbDescription& verb, const nlohmann::json& members);
   std::vector<std::string> icons();
@@ -83,6 +89,7 @@ class Session {
   std::unique_ptr<Phone> phone_;
   ClockRecord clock_;
   std::size_t eventsFrom_ = 0, eventsUpTo_ = 0;  // places in the log of events
+  std::optional<std::int64_t> menuCame_;         // nanoseconds that the phone had been up
   bool over_ = false;
 };
 

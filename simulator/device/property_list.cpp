@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstdlib>
 #include <ctime>
+#include <utility>
+#include <vector>
 
 #include "simulator/device/files.hpp"
 
@@ -64,6 +66,60 @@ std::string dateText(plist_t node) {
   return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S UTC", &parts)};
 }
 
+// What a dictionary holds, in its order.
+std::vector<std::pair<std::string, plist_t>> entriesOf(plist_t dictionary) {
+  std::vector<std::pair<std::string, plist_t>> entries(plist_dict_get_size(dictionary));
+  plist_dict_iter position = nullptr;
+  plist_dict_new_iter(dictionary, &position);
+  for (auto& [key, value] : entries) {
+    char* name = nullptr;
+    plist_dict_next_item(dictionary, position, &name, &value);
+    key = name;
+    std::free(name);
+  }
+  std::free(position);
+  return entries;
+}
+
+Json valueOf(plist_t node) {
+  switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN:
+      return plist_bool_val_is_true(node) != 0;
+    case PLIST_UINT: {
+      std::uint64_t value = 0;
+      plist_get_uint_val(node, &value);
+      return static_cast<std::int64_t>(value);
+    }
+    case PLIST_REAL: {
+      double value = 0;
+      plist_get_real_val(node, &value);
+      return value;
+    }
+    case PLIST_STRING:
+      return stringValue(node);
+    case PLIST_DATA: {
+      std::uint64_t length = 0;
+      const char* bytes = plist_get_data_ptr(node, &length);
+      return Json::binary({bytes, bytes + length});
+    }
+    case PLIST_DATE:
+      return dateText(node);
+    case PLIST_ARRAY: {
+      Json array = Json::array();
+      for (std::uint32_t index = 0; index < plist_array_get_size(node); ++index)
+        array.push_back(valueOf(plist_array_get_item(node, index)));
+      return array;
+    }
+    case PLIST_DICT: {
+      Json object = Json::object();
+      for (const auto& [key, value] : entriesOf(node)) object[key] = valueOf(value);
+      return object;
+    }
+    default:
+      return nullptr;
+  }
+}
+
 std::string readableNode(plist_t node, const std::string& indent);
 
 std::string readableArray(plist_t node, const std::string& indent) {
@@ -75,34 +131,16 @@ std::string readableArray(plist_t node, const std::string& indent) {
 }
 
 std::string readableDictionary(plist_t node, const std::string& indent) {
-  plist_dict_iter position = nullptr;
-  plist_dict_new_iter(node, &position);
+  const auto entries = entriesOf(node);
   std::string text = "{";
-  for (std::uint32_t left = plist_dict_get_size(node); left > 0; --left) {
-    char* key = nullptr;
-    plist_t value = nullptr;
-    plist_dict_next_item(node, position, &key, &value);
+  for (const auto& [key, value] : entries)
     text += "\n" + indent + "  " + quoted(key) + ": " + readableNode(value, indent + "  ");
-    std::free(key);
-  }
-  std::free(position);
-  return text + (plist_dict_get_size(node) > 0 ? "\n" + indent : "") + "}";
+  return text + (entries.empty() ? "" : "\n" + indent) + "}";
 }
 
+// Data and dates apart, a value is written as the rest of the world writes it.
 std::string readableNode(plist_t node, const std::string& indent) {
   switch (plist_get_node_type(node)) {
-    case PLIST_BOOLEAN:
-      return plist_bool_val_is_true(node) != 0 ? "true" : "false";
-    case PLIST_UINT: {
-      std::uint64_t value = 0;
-      plist_get_uint_val(node, &value);
-      return std::to_string(static_cast<std::int64_t>(value));
-    }
-    case PLIST_REAL: {
-      double value = 0;
-      plist_get_real_val(node, &value);
-      return Json(value).dump();
-    }
     case PLIST_STRING:
       return quoted(stringValue(node));
     case PLIST_DATA: {
@@ -116,6 +154,10 @@ std::string readableNode(plist_t node, const std::string& indent) {
       return readableArray(node, indent);
     case PLIST_DICT:
       return readableDictionary(node, indent);
+    case PLIST_BOOLEAN:
+    case PLIST_UINT:
+    case PLIST_REAL:
+      return valueOf(node).dump();
     default:
       return "<unknown>";
   }
@@ -166,6 +208,8 @@ std::optional<std::string> PropertyList::text(const std::string& key) const {
   if (value == nullptr || plist_get_node_type(value) != PLIST_STRING) return std::nullopt;
   return stringValue(value);
 }
+
+Json PropertyList::value() const { return valueOf(node_.get()); }
 
 std::string PropertyList::readable() const { return readableNode(node_.get(), ""); }
 

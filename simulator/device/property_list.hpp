@@ -35,6 +35,8 @@ class PropertyList {
   /// The text at a key of a dictionary; none when it is absent or no text.
   std::optional<std::string> text(const std::string& key) const;
 
+  /// The content as a value; data become binary JSON values, and dates texts.
+  nlohmann::ordered_json value() const;
   /// The content as a person reads it, one entry a line.
   std::string readable() const;
 

@@ -376,3 +376,13 @@ TEST_F(Script, PlistShowsAFileAndPreferencesADomainAsTheDaemonHoldsIt) {
   EXPECT_NE(written.find("\"slideValue\": 0.75\n"), std::string::npos) << written;
   EXPECT_EQ(written.find("enabled"), std::string::npos) << written;
 }
+
+TEST_F(Script, ASecondMenuTooSoonIsExplained) {
+  const std::string menu = "boot old\nswipe up com.example.notes\ntap Cancel\n";
+  const auto explained = [&](const std::string& then) {
+    return play(menu + then + "swipe up com.example.notes").output.find("No menu comes so soon") != std::string::npos;
+  };
+  EXPECT_TRUE(explained(""));
+  EXPECT_FALSE(explained("advance 1\n"));
+  EXPECT_FALSE(explained("respring\nsettings enabled=false\n"));
+}

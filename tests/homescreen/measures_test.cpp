@@ -287,6 +287,19 @@ TEST_P(Measures, ABannerHangsBelowTheStatusBar) {
   EXPECT_EQ(caption(banners[1]), "second");
 }
 
+TEST_P(Measures, ABannerGoesByItself) {
+  phone.notify(notes, "first").advance(2).notify(notes, "second").advance(2.9);
+  EXPECT_EQ(phone.screen().banners.size(), 2U);
+  phone.advance(0.2);
+  const auto left = phone.screen().banners;
+  ASSERT_EQ(left.size(), 1U);
+  EXPECT_EQ(left[0].text, "second");
+  phone.advance(2).notify(notes, "third").home();
+  EXPECT_TRUE(phone.screen().banners.empty());
+  phone.advance(4).notify(notes, "fourth").advance(2);
+  EXPECT_EQ(phone.screen().banners.size(), 1U) << "the third would have gone by now";
+}
+
 TEST_P(Measures, TheLockScreenListsItsNotifications) {
   phone.lock().screenOn().notify(notes, "first").notify(notes, "second");
   const auto seen = phone.screen();

@@ -16,6 +16,15 @@ class Renaming : public test::Generations {
  protected:
   void SetUp() override { phone.install({}); }
   std::string label(const std::string& id = app) { return phone.icon(id).label; }
+  // Without animations a menu is quicker than the quarter of a second that the dialog waits.
+  void renameBothWithinTheWait() {
+    phone.animations(false);
+    phone.openMenu();
+    phone.advance(1);
+    phone.tap("Rename App").advance(0.1);
+    phone.openMenu(other);
+    phone.tap("Rename App").advance(0.2);
+  }
   // A domain that the daemon does not hold is none.
   std::string preferences() {
     const auto held = phone.preferences(domain);
@@ -379,14 +388,8 @@ TEST_P(Renaming, ASecondRenamerReplacesTheFirstWhileItsDialogIsUp) {
   EXPECT_EQ(phone.live("RenameIcon"), 0);
 }
 
-// Without animations a menu is quicker than the quarter of a second that the dialog waits.
 TEST_P(Renaming, ASecondRenamerBeforeTheFirstOnesDialogComesAfterIt) {
-  phone.animations(false);
-  phone.openMenu();
-  phone.advance(1);
-  phone.tap("Rename App").advance(0.1);
-  phone.openMenu(other);
-  phone.tap("Rename App").advance(0.2);
+  renameBothWithinTheWait();
   EXPECT_EQ(phone.alert().message, "Test App");
   EXPECT_EQ(phone.live("RenameIcon"), 2);
   phone.advance(0.1);
@@ -396,12 +399,7 @@ TEST_P(Renaming, ASecondRenamerBeforeTheFirstOnesDialogComesAfterIt) {
 }
 
 TEST_P(Renaming, TheFirstOfTwoRenamersEndsWithoutTheSecond) {
-  phone.animations(false);
-  phone.openMenu();
-  phone.advance(1);
-  phone.tap("Rename App").advance(0.1);
-  phone.openMenu(other);
-  phone.tap("Rename App").advance(0.2);
+  renameBothWithinTheWait();
   phone.type("First").tap("Apply");
   EXPECT_EQ(label(), "First");
   EXPECT_TRUE(phone.screen().windows.empty());

@@ -8,8 +8,6 @@ using test::app;
 using test::Json;
 using test::record;
 
-constexpr int cuts = 50;
-
 class WholeMuteList : public test::Muting {
  protected:
   void SetUp() override {
@@ -32,7 +30,7 @@ class WholeMuteList : public test::Muting {
   /// Boots on what the last cut left, asks for the other list and cuts.
   template <class Cut>
   void cutAgainAndAgain(Cut cut) {
-    for (int i = 0; i < cuts; ++i) {
+    for (int i = 0; i < test::PowerCut::cuts; ++i) {
       sim::Phone another(phone.options());
       another.touch(app).perform("muteNotifications");
       cut(another, bytes() == with ? "Unmute" : "Forever");

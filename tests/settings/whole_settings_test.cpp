@@ -5,7 +5,6 @@
 namespace {
 
 const std::string app = "com.example.test";
-constexpr int cuts = 50;
 
 class WholeSettings : public test::Generations {
  protected:
@@ -39,7 +38,7 @@ class WholeSettings : public test::Generations {
   /// Boots on what the last cut left, asks for the other label and cuts.
   template <class Cut>
   void cutAgainAndAgain(Cut cut) {
-    for (int i = 0; i < cuts; ++i) {
+    for (int i = 0; i < test::PowerCut::cuts; ++i) {
       sim::Phone another(phone.options());
       typeLabel(another, bytes() == first ? "Second" : "First");
       cut(another);

@@ -36,7 +36,7 @@ class FolderWatch {
 
 void PowerCut::duringChange(sim::Phone& phone, const std::string& verb, const nlohmann::json& members,
                             microseconds duration) {
-  phone.killDuring(verb, members, [&] { waitUpTo(duration); });
+  phone.killDuring(verb, members, [&] { waitWithin(duration); });
   removeLeftovers();
 }
 
@@ -45,17 +45,16 @@ bool PowerCut::duringWrite(sim::Phone& phone, const std::string& verb, const nlo
   bool changed = false;
   phone.killDuring(verb, members, [&] {
     changed = watch.changes();
-    // Half of them as soon as can be: most of what is written takes less time than waking up.
-    if (random_() % 2 == 0) waitUpTo(std::chrono::milliseconds(1));
+    waitWithin(std::chrono::milliseconds(1));
   });
   removeLeftovers();
   return changed;
 }
 
-void PowerCut::waitUpTo(microseconds longest) {
-  const microseconds chosen{std::uniform_int_distribution<long>(0, longest.count())(random_)};
+void PowerCut::waitWithin(microseconds longest) {
+  const double part = (cut_++ % cuts + std::uniform_real_distribution<double>(0, 1)(random_)) / cuts;
   // Sleeping is too coarse.
-  const auto end = std::chrono::steady_clock::now() + chosen;
+  const auto end = std::chrono::steady_clock::now() + part * longest;
   while (std::chrono::steady_clock::now() < end) {
   }
 }

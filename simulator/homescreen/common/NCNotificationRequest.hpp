@@ -13,6 +13,8 @@ struct NCNotificationRequest : Object {
 
 /// The request as it arrives at a place.
 DeliveredNotification delivered(NCNotificationRequest* request);
+/// Shows it as a banner, which goes by itself after a while.
+void showBanner(NCNotificationRequest* request);
 
 void defineNCNotificationRequest();
 

@@ -1,14 +1,14 @@
 #include "simulator/homescreen/common/SBApplicationInfo.hpp"
 
+#include "simulator/homescreen/common/platform_actions.hpp"
+
 namespace sim {
 
 id SBApplicationInfo::installInstanceID() {
   if (application.bundlePath.empty()) return nullptr;
-  // The old generation's URL was made without knowing that it leads to a folder.
-  const char* end = homeState().generation == Generation::old ? "" : "/";
   id path = send<id>(ns(application.bundlePath), "stringByAddingPercentEncodingWithAllowedCharacters:"_sel,
                      send<id>("NSCharacterSet"_cls, "URLPathAllowedCharacterSet"_sel));
-  return ns("file://" + text(path) + end);
+  return ns("file://" + text(path) + platformActions().endOfBundleURL);
 }
 
 id SBApplicationInfo::dataContainerURL() {

@@ -3,15 +3,13 @@
 #include <algorithm>
 
 #include "simulator/homescreen/common/measures.hpp"
+#include "simulator/homescreen/common/platform_actions.hpp"
 
 namespace sim {
 namespace {
 
 Ref<SBIconView> makeIconView(bool withLabel) {
-  id allocated = send<id>("SBIconView"_cls, "alloc"_sel);
-  auto* view = homeState().generation == Generation::old
-                   ? send<SBIconView*>(allocated, "initWithContentType:"_sel, NSUInteger{0})
-                   : send<SBIconView*>(allocated, "initWithConfigurationOptions:"_sel, NSUInteger{0});
+  auto* view = platformActions().initIconView(send<id>("SBIconView"_cls, "alloc"_sel));
   if (!withLabel) view->removeLabel();
   return Ref<SBIconView>::adopt(view);
 }

@@ -15,6 +15,7 @@ namespace sim {
 struct DeliveredNotification {
   std::string id;
   std::string text;
+  unsigned long number = 0;  ///< of a banner, which no other has
 };
 
 /// One launch of an icon, as its launch method was called.

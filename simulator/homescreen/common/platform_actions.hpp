@@ -1,4 +1,4 @@
-// What the two generations of the home screen do differently when a person acts.
+// What differs between the two generations of the home screen, besides classes that only one of them has.
 #pragma once
 
 #include "simulator/homescreen/common/NCNotificationRequest.hpp"
@@ -20,10 +20,14 @@ struct ScreenChange {
   std::optional<NSInteger> unlockSource;  ///< told of only when it is there
 };
 
-/// One generation's actions. Each sends the messages that a phone of that generation sends.
+/// One generation. What a person does sends the messages that a phone of that generation sends.
 struct PlatformActions {
   /// Registers the classes that only this generation has.
   void (*defineClasses)();
+  /// What the address of an application's bundle ends in.
+  const char* endOfBundleURL;
+  /// Sends an icon's view that was just allocated the initialiser that the icon lists use.
+  SBIconView* (*initIconView)(id allocated);
   /// The object that icons' touches are told to.
   id (*menuHost)();
   /// Sends the icon its launch message.

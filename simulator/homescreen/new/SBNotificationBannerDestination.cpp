@@ -5,7 +5,7 @@
 namespace sim::recent {
 
 void SBNotificationBannerDestination::post(NCNotificationRequest* request) {
-  homeState().banners.push_back(delivered(request));
+  showBanner(request);
 }
 
 void defineSBNotificationBannerDestination() {

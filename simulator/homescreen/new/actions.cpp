@@ -48,15 +48,20 @@ void postBanner(NCNotificationRequest* request, std::uint8_t) {
 
 }  // namespace
 
-const PlatformActions newActions = {defineClasses,
-                                    menuHost,
-                                    launch,
-                                    recent::openQuickActions,
-                                    recent::chooseQuickAction,
-                                    recent::closeQuickActions,
-                                    changeScreen,
-                                    showPowerDown,
-                                    postToLockScreen,
-                                    postBanner};
+const PlatformActions newActions = {
+    .defineClasses = defineClasses,
+    .endOfBundleURL = "/",
+    .initIconView =
+        [](id allocated) { return send<SBIconView*>(allocated, "initWithConfigurationOptions:"_sel, NSUInteger{0}); },
+    .menuHost = menuHost,
+    .launch = launch,
+    .openQuickActions = recent::openQuickActions,
+    .chooseQuickAction = recent::chooseQuickAction,
+    .closeQuickActions = recent::closeQuickActions,
+    .changeScreen = changeScreen,
+    .showPowerDown = showPowerDown,
+    .postToLockScreen = postToLockScreen,
+    .postBanner = postBanner,
+};
 
 }  // namespace sim

@@ -6,7 +6,7 @@ namespace sim::old {
 
 void SBNotificationBannerDestination::post(NCNotificationRequest* request, id coalesced, RawBool modal, id sourceAction,
                                            const BlockLiteral* completion) {
-  homeState().banners.push_back(delivered(request));
+  showBanner(request);
   homeState().posted.push_back(
       {"banner", request->text, textOrNone(coalesced), textOrNone(sourceAction), modal != RawBool{}});
   homeState().passedOn.push_back(

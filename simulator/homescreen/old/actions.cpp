@@ -71,7 +71,21 @@ void postBanner(NCNotificationRequest* request, std::uint8_t modal) {
 
 }  // namespace
 
-const PlatformActions oldActions = {defineClasses,     menuHost,     launch,        openQuickActions, chooseQuickAction,
-                                    closeQuickActions, changeScreen, showPowerDown, postToLockScreen, postBanner};
+const PlatformActions oldActions = {
+    .defineClasses = defineClasses,
+    // Made without knowing that it leads to a folder.
+    .endOfBundleURL = "",
+    .initIconView =
+        [](id allocated) { return send<SBIconView*>(allocated, "initWithContentType:"_sel, NSUInteger{0}); },
+    .menuHost = menuHost,
+    .launch = launch,
+    .openQuickActions = openQuickActions,
+    .chooseQuickAction = chooseQuickAction,
+    .closeQuickActions = closeQuickActions,
+    .changeScreen = changeScreen,
+    .showPowerDown = showPowerDown,
+    .postToLockScreen = postToLockScreen,
+    .postBanner = postBanner,
+};
 
 }  // namespace sim

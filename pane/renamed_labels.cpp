@@ -1,0 +1,60 @@
+#include "pane/renamed_labels.hpp"
+
+#include "pane/list.hpp"
+#include "pane/store.hpp"
+
+namespace pane {
+namespace {
+
+// The names share their file with the settings, of which a text may be the value, too.
+NSArray* settingsKeys() {
+  auto* keys = NSMutableArray::array();
+  const NSDictionary* root = NSDictionary::withContentsOfFile(bundlePath()->appendingPathComponent("Root.plist"_ns));
+  auto* items = as<NSArray>(root->objectForKey("items"_ns));
+  const NSUInteger count = items->count();
+  for (NSUInteger i = 0; i < count; ++i)
+    if (auto* item = as<NSDictionary>(items->at(i))) keys->add(item->objectForKey("key"_ns));
+  return keys;
+}
+
+NSArray* makeRows(PSListController* list) {
+  PSSpecifier* head = PSSpecifier::emptyGroup();
+  auto* rows = NSMutableArray::of(head);
+  const NSDictionary* stored = NSDictionary::withContentsOfFile(settingsFile());
+  const NSArray* settings = settingsKeys();
+  const NSArray* keys = stored->allKeys()->sorted();
+  const NSUInteger count = keys->count();
+  for (NSUInteger i = 0; i < count; ++i) {
+    auto* key = keys->at<NSString>(i);
+    auto* name = as<NSString>(stored->objectForKey(key));
+    if (name == nullptr || settings->contains(key)) continue;
+    const AutoreleasePool pool;
+    PSSpecifier* row = applicationRow(list, key, name);
+    row->setProperty("removeName:"_ns, "deletionAction"_ns);
+    rows->add(row);
+  }
+  head->setFooter(rows->count() > 1
+                      ? "An application whose name is removed here has its own name again on the home screen."_ns
+                      : "No label has been renamed. That is done from an application's menu on the home screen."_ns);
+  return rows;
+}
+
+void removeName(PSListController* list, SEL, PSSpecifier* row) {
+  NSString* bundleIdentifier = applicationOf(row);
+  // Labels are read anew when the file is without the name.
+  if (bundleIdentifier != nullptr && store(bundleIdentifier, nullptr))
+    postDarwinNotification("com.morvanel.sprigdial.renamelable"_ns);
+  // Once the row has left the screen: the file tells which names there are.
+  list->performAfterDelay("reloadSpecifiers"_sel, 0);
+}
+
+}  // namespace
+
+void registerRenamedLabels() {
+  Class cls = registerList("SprigdialRenamedLabelsController", PSEditableListController::cls());
+  if (cls == nullptr) return;
+  addMethod(cls, "specifiers", &rows<makeRows>);
+  addMethod(cls, "removeName:", &removeName);
+}
+
+}  // namespace pane
