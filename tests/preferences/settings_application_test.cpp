@@ -38,7 +38,8 @@ class SettingsApplication : public test::Generations {
                 {{"default", 1}, {"validValues", {0, 1, 2}}, {"validTitles", {"Left", "Right", "None"}}}),
         setting("PSSliderCell", "Size", "size", {{"default", 20}, {"min", 10}, {"max", 40}, {"showValue", true}}),
         setting("PSEditTextCell", "Name", "name", {{"default", "Nobody"}}),
-        setting("PSTitleValueCell", "Shown", "side", {{"validValues", {1}}, {"validTitles", {"To the right"}}}),
+        setting("PSTitleValueCell", "Shown", "side",
+                {{"default", 1}, {"validValues", Json::array({1})}, {"validTitles", Json::array({"To the right"})}}),
         row("PSStaticTextCell", "Only a text"),
         row("PSLinkCell", "Games", {{"detail", "TestGamesController"}}),
         row("PSLinkCell", "Nowhere", {{"detail", "NoSuchController"}}),
@@ -52,7 +53,7 @@ class SettingsApplication : public test::Generations {
   fs::path bundle(const std::string& name) const {
     return phone.path("/Library/PreferenceBundles/" + name + ".bundle");
   }
-  void writeRows(const Json& items) const {
+  void writeRows(const std::vector<Json>& items) const {
     sim::PropertyList({{"title", "Test Pane"}, {"items", items}}).write(bundle("TestPane") / "Root.plist");
   }
   void installEntry(const std::string& name, const Json& content) const {
@@ -261,7 +262,7 @@ TEST_P(SettingsApplication, WhatCannotBeUsedIsRefused) {
 }
 
 TEST_P(SettingsApplication, ALongListScrollsToTheRowThatIsTouched) {
-  Json rows = Json::array();
+  std::vector<Json> rows;
   for (int i = 0; i < 60; ++i) {
     rows.push_back(setting("PSSwitchCell", "Switch " + std::to_string(i), "switch" + std::to_string(i)));
   }
@@ -532,8 +533,18 @@ TEST_P(SettingsApplication, EndsWithThePhone) {
 }
 
 TEST_P(SettingsApplication, ShowsApplicationsByTheirNames) {
+  writeRows({row("PSTitleValueCell", "First", {{"get", "applicationName:"}, {"application", "com.example.notes"}}),
+             row("PSTitleValueCell", "Second", {{"get", "applicationName:"}, {"application", "com.example.nobody"}})});
   phone.openPane("Test");
-  EXPECT_EQ(phone.askPane("class", {{"name", "LSApplicationProxy"}}).at("superclass"), "NSObject");
+  EXPECT_EQ(value("First"), "Notes");
+  EXPECT_EQ(value("Second"), "");
+}
+
+TEST_P(SettingsApplication, ARowMayNameItsOwnSetter) {
+  writeRows({row("PSSwitchCell", "Own", {{"set", "changed:row:"}, {"get", "applicationName:"}})});
+  phone.openPane("Test").setCell("Own", "on");
+  EXPECT_EQ(posts(), Strings{"com.example.pane.Own"});
+  EXPECT_FALSE(phone.preferences(domain));
 }
 
 TEST_P(SettingsApplication, LeavesNothingOfAListBehind) {
