@@ -1,6 +1,5 @@
 // The settings application's process: frameworks, its own classes, and then the application object, which shows the
 // first list. A pane's image is mapped when its row is tapped.
-#include "simulator/frameworks/launch_services/LSApplicationProxy.hpp"
 #include "simulator/frameworks/preferences/preferences.hpp"
 #include "simulator/control/agent/start_up.hpp"
 #include "simulator/preferences/application/PSUIPrefsListController.hpp"
@@ -12,7 +11,6 @@
 namespace {
 
 void launch() {
-  sim::defineLSApplicationProxy();
   sim::defineRelaunch();
   sim::definePreferences();
   sim::definePSUIPrefsListController();
