@@ -63,9 +63,10 @@ class Session {
     eventsFrom_ = eventsUpTo_ = 0;
     menuCame_.reset();
   }
-  /// The screen as text, with the events since the last `showScreen`, and what the settings application shows if it is
-  /// open.
+  /// The screen as text, with the events since the last `showScreen`.
   std::string look();
+  /// The same, and what the settings application shows if it is open.
+  std::string lookEverywhere();
   void showScreen();
   /// When a file of the device was changed, by the phone's clock.
   std::string changed(const std::filesystem::path& file);
@@ -81,6 +82,7 @@ class Session {
   std::vector<std::string> icons();
   std::vector<std::string> titles();
   std::vector<std::string> cells();
+  std::vector<std::string> cellValues();
 
   Options options_;
   std::ostream& output_;
