@@ -73,7 +73,6 @@ try() {
   local title=$1 file=$2 tests=$3 from=$4 to=$5 log filter targets=(package-tree)
   # What the library's defects do not reach is built once; the simulator's reach every program of it.
   [[ $file != simulator/* ]] || targets=(sprigdial-tests)
-  [[ $file != pane/* && $tests != *Pane* ]] || targets+=(SprigdialSettings package-tree)
   [[ $tests != *HandingOn* ]] || targets+=(Sprigdial-unoptimised)
   [[ $tests != *Settings* ]] || targets+=(settings-probe)
   [[ $title == *"$wanted"* ]] || return 0

@@ -279,6 +279,7 @@ class Phone {
   std::shared_ptr<Process> process_, settings_;
   std::optional<std::int64_t> uptime_;  ///< in nanoseconds, of the home screen before
   std::atomic<double> seconds_ = 0;
+  std::atomic<bool> relaunchAsked_ = false;  ///< the settings application wants the home screen to be started anew
 };
 
 }  // namespace sim

@@ -1,4 +1,4 @@
-// What a new device holds: invented applications with data, a bookmark.
+// What a new device holds: invented applications with data, and a bookmark.
 #pragma once
 
 #include <filesystem>

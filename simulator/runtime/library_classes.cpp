@@ -36,6 +36,11 @@ void replace(Method method, Function* replacement, Function*& replaced) {
   replaced = reinterpret_cast<Function*>(method_setImplementation(method, reinterpret_cast<IMP>(replacement)));
 }
 
+/// Classes of the simulator's own count their objects, those of subclasses too.
+bool countsItself(Class cls) {
+  return class_getClassMethod(cls, "allocWithZone:"_sel) != class_getClassMethod("NSObject"_cls, "allocWithZone:"_sel);
+}
+
 void count(Class cls) {
   if (counted().empty()) {
     replace(class_getClassMethod("NSObject"_cls, "allocWithZone:"_sel), &allocate, rootAllocate);
@@ -51,5 +56,5 @@ extern "C" void objc_registerClassPair(Class cls) {
   using Function = void (*)(Class);
   static const auto original = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "objc_registerClassPair"));
   original(cls);
-  if (sim::isMappingLibrary()) count(cls);
+  if (sim::isMappingLibrary() && !countsItself(cls)) count(cls);
 }

@@ -8,11 +8,6 @@
 
 namespace test {
 
-void installPackage(Phone& phone) {
-  constexpr auto how = std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing;
-  std::filesystem::copy(std::string(buildFolder) + "/package", phone.device().root(), how);
-}
-
 bool opensAMenu(Phone& phone, const std::vector<sim::TouchSample>& samples) {
   phone.advance(1).swipe(app, samples);
   const bool opened = phone.showsAlert();
@@ -100,7 +95,7 @@ const Cell cells[] = {
     {"QuickActionList", "Quick-Action List", "off", "on", false, listsTheMenu},
     {"SwipeDown", "Swipe Direction", "Up", "Down", false, [](Phone& phone) { return test::opensAMenu(phone, down); }},
     {"SwipeOff", "Swipe Direction", "Up", "Off", true, [](Phone& phone) { return test::opensAMenu(phone, up); }},
-    {"SwipeDistance", "Swipe Distance", "1.00", "20.00", true,
+    {"SwipeDistance", "Swipe Distance", "1", "20", true,
      [](Phone& phone) { return test::opensAMenu(phone, up); }},
     {"SwipeWhileEditing", "Swipe While Editing", "off", "on", false, opensWhileEditing},
     entry("Rename", "Rename App"),
@@ -131,7 +126,6 @@ class PaneCells : public testing::TestWithParam<std::tuple<sim::Generation, Cell
 
   // An application for which the menu has every entry, and whose notifications are muted.
   void SetUp() override {
-    test::installPackage(phone);
     phone.install({});
     phone.setBadge(app, 4);
     std::filesystem::create_directories(phone.path("/var/mobile/Documents/Sprigdial/" + app));

@@ -9,8 +9,6 @@ inline const std::string app = "com.example.test";
 inline const std::string other = "com.example.notes";
 inline const std::string domain = "com.morvanel.sprigdial";
 
-/// Puts what the package holds onto the phone.
-void installPackage(Phone& phone);
 /// Tells whether swiping on the application's icon opens its menu, and closes it again.
 bool opensAMenu(Phone& phone, const std::vector<sim::TouchSample>& samples);
 /// What the application's menu offers; nothing when it does not open.
@@ -19,10 +17,7 @@ std::vector<std::string> menuOf(Phone& phone);
 /// Pane tests run on both generations; the pane is opened at its first use.
 class Pane : public Generations {
  protected:
-  void SetUp() override {
-    installPackage(phone);
-    phone.install({});
-  }
+  void SetUp() override { phone.install({}); }
 
   /// Opens the pane's first page anew.
   Phone& open() {

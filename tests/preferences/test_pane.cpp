@@ -42,6 +42,16 @@ void raise(NSObject* self, SEL, NSObject*) { send(self, sel_registerName("noSuch
 
 void later(NSObject* self, SEL, NSObject*) { self->performAfterDelay("pressed:"_sel, 5); }
 
+NSString* applicationName(NSObject*, SEL, NSObject* row) {
+  auto* identifier = send<NSObject*>(row, "propertyForKey:"_sel, "application"_ns);
+  auto* proxy = send<NSObject*>("LSApplicationProxy"_cls, "applicationProxyForIdentifier:"_sel, identifier);
+  return send<NSString*>(proxy, "localizedName"_sel);
+}
+
+void changed(NSObject*, SEL, NSObject*, NSObject* row) {
+  post("com.example.pane."_ns->appending(send<NSString*>(row, "name"_sel)));
+}
+
 NSObject* games(NSObject* self, SEL) {
   Slot<NSObject>& rows = rowsOf(self);
   if (rows) return rows.get();
@@ -88,6 +98,8 @@ void registerClass(const char* name, Class superclass, const Method (&methods)[C
       {"ask:", reinterpret_cast<IMP>(&ask), "v@:@"},
       {"raise:", reinterpret_cast<IMP>(&raise), "v@:@"},
       {"later:", reinterpret_cast<IMP>(&later), "v@:@"},
+      {"applicationName:", reinterpret_cast<IMP>(&applicationName), "@@:@"},
+      {"changed:row:", reinterpret_cast<IMP>(&changed), "v@:@@"},
   };
   registerClass("TestPaneController", "PSListController"_cls, list);
   const Method gamesList[] = {

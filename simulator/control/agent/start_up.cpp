@@ -17,6 +17,7 @@
 #include "simulator/frameworks/core_foundation/preferences.hpp"
 #include "simulator/frameworks/core_foundation/version.hpp"
 #include "simulator/frameworks/foundation/foundation.hpp"
+#include "simulator/frameworks/launch_services/LSApplicationProxy.hpp"
 #include "simulator/frameworks/uikit/UIDevice.hpp"
 #include "simulator/frameworks/uikit/UIScreen.hpp"
 #include "simulator/frameworks/uikit/uikit.hpp"
@@ -102,6 +103,7 @@ void prepareFrameworks(const StartOptions& options) {
   setCoreFoundationVersion(options.coreVersion.value_or(options.generation == Generation::old ? 1575.17 : 1665.15));
   installFoundationAdditions();
   if (options.resumePreferences) resumePreferences();
+  defineLSApplicationProxy();
   defineUIKit();
   setIdiom(options.tablet ? UIUserInterfaceIdiom::pad : UIUserInterfaceIdiom::phone);
   setScreen(measures().screens[0], measures().screens[1]);

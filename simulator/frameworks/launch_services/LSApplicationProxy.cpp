@@ -1,18 +1,22 @@
 #include "simulator/frameworks/launch_services/LSApplicationProxy.hpp"
 
+#include "simulator/homescreen/common/installed.hpp"
+
 namespace sim {
 
-LSApplicationProxy* LSApplicationProxy::applicationProxyForIdentifier(Class cls, id bundleIdentifier) {
+LSApplicationProxy* LSApplicationProxy::applicationProxyForIdentifier(Class cls, id identifier) {
+  if (identifier == nullptr) return nullptr;
   auto proxy = make<LSApplicationProxy>(cls);
-  for (const auto& application : installedApplications())
-    if (application.bundleIdentifier == text(bundleIdentifier)) proxy->application = application;
+  const std::string wanted = text(identifier);
+  for (const InstalledApplication& application : installedApplications())
+    if (application.bundleIdentifier == wanted) proxy->localizedName = ns(application.name);
   return autoreleased(proxy);
 }
 
 void defineLSApplicationProxy() {
   ClassBuilder<LSApplicationProxy>("LSApplicationProxy", "NSObject")
       .classMethod<&LSApplicationProxy::applicationProxyForIdentifier>("applicationProxyForIdentifier:")
-      .method<&LSApplicationProxy::localizedName>("localizedName")
+      .getter<&LSApplicationProxy::localizedName>("localizedName")
       .add();
 }
 

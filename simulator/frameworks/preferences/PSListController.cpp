@@ -144,6 +144,9 @@ void PSListController::didSelect(PSTableCell* cell) {
     case PSCellType::button:
       if (row->buttonAction != nullptr) send(row->target, row->buttonAction, static_cast<id>(row.get()));
       break;
+    case PSCellType::listItem:
+      send(this, "listItemSelected:"_sel, row.get());
+      break;
     default:
       break;
   }

@@ -136,9 +136,19 @@ const Setter* setterOf(PSTableCell* cell) {
   return nullptr;
 }
 
-UIBarButtonItem* barButton() {
-  const auto& item = navigation()->topViewController()->ownNavigationItem;
-  return item ? item->rightBarButtonItem.get() : nullptr;
+/// A button beside the title.
+struct BarButton {
+  UINavigationButton* view;
+  std::string title;
+};
+std::optional<BarButton> barButton(bool back) {
+  for (UIView* view : navigation()->bar->subviews) {
+    if (!isKind(view, "UINavigationButton"_cls)) continue;
+    auto* button = static_cast<UINavigationButton*>(view);
+    if (button->back == back)
+      return BarButton{button, text(static_cast<UILabel*>(button->subviews.front().get())->text)};
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -164,8 +174,10 @@ void press(const std::string& label) {
     verbNamed("tap").perform({{"title", label}});
     return;
   }
-  if (UIBarButtonItem* button = barButton(); button != nullptr && text(button->title) == label) {
-    send(button->target, button->action, static_cast<id>(button));
+  if (const auto button = barButton(false); button && button->title == label) {
+    reach(button->view, label);
+    const Ref<UIBarButtonItem> item = navigation()->topViewController()->ownNavigationItem->rightBarButtonItem;
+    send(item->target, item->action, static_cast<id>(item.get()));
   } else {
     const auto [list, cell] = requireRow(label);
     if (setterOf(cell) != nullptr) throw Refused(quoted(label) + " is not pressed but set");
@@ -185,7 +197,9 @@ void remove(const std::string& label) {
 
 void back() {
   waitUntilStill();
-  if (navigation()->viewControllers.size() < 2) throw Refused("This is the first list: there is no way back");
+  const auto button = barButton(true);
+  if (!button) throw Refused("This is the first list: there is no way back");
+  reach(button->view, button->title);
   send<id>(navigation(), "popViewControllerAnimated:"_sel, true);
   waitUntilStill();
 }

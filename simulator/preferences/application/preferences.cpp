@@ -1,17 +1,17 @@
 // The settings application's process: frameworks, its own classes, and then the application object, which shows the
 // first list. A pane's image is mapped when its row is tapped.
-#include "simulator/frameworks/launch_services/LSApplicationProxy.hpp"
 #include "simulator/frameworks/preferences/preferences.hpp"
 #include "simulator/control/agent/start_up.hpp"
 #include "simulator/preferences/application/PSUIPrefsListController.hpp"
 #include "simulator/preferences/application/PreferencesAppController.hpp"
 #include "simulator/preferences/application/pane_verbs.hpp"
+#include "simulator/preferences/application/relaunch.hpp"
 #include "simulator/runtime/main_queue.hpp"
 
 namespace {
 
 void launch() {
-  sim::defineLSApplicationProxy();
+  sim::defineRelaunch();
   sim::definePreferences();
   sim::definePSUIPrefsListController();
   sim::definePreferencesAppController();
