@@ -33,7 +33,7 @@ struct OwnFolder {
 /// A phone with a device of its own.
 class Bench : private OwnFolder, public sim::Phone {
  public:
-  explicit Bench(sim::Phone::Options options = {}) : sim::Phone(prepared(std::move(options), folder.path())) {}
+  Bench() : sim::Phone(on(folder.path() / "device")) {}
 
   fs::path onThisPC(const fs::path& path) { return device().resolve(path.string()); }
   fs::path container() { return device().application(app)->data; }
@@ -43,8 +43,9 @@ class Bench : private OwnFolder, public sim::Phone {
   }
 
  private:
-  static sim::Phone::Options prepared(sim::Phone::Options options, const fs::path& folder) {
-    options.device = folder / "device";
+  static sim::Phone::Options on(const fs::path& device) {
+    sim::Phone::Options options;
+    options.device = device;
     return options;
   }
 };
@@ -194,7 +195,8 @@ void muted(int records) {
   for (int i = 0; i < records; ++i)
     entries.push_back({{"id", "com.example.app" + std::to_string(i)}, {"timeStamp", 2'000'000'000.5}});
   Bench hooked;
-  Bench bare({.library = ""});
+  Bench bare;
+  bare.removePackage(sim::addOnPackage);
   for (Bench* bench : {&hooked, &bare}) {
     sim::PropertyList({{"entries", entries}}).write(bench->onThisPC(muteList));
     bench->respring();
@@ -234,7 +236,8 @@ void names(int stored) {
 void layout() {
   constexpr int times = 10'000'000;
   Bench hooked;
-  Bench bare({.library = ""});
+  Bench bare;
+  bare.removePackage(sim::addOnPackage);
   const auto layOut = [&](Bench& bench) {
     return [&] {
       bench.measure("layOut", {{"id", app}, {"times", times}});
@@ -271,31 +274,26 @@ std::string withoutInitialiser(std::string library) {
 void startUp() {
   constexpr int runs = 15;
   const auto library = sim::readFile(sim::programFolder() / "Sprigdial.so");
-  const sim::TemporaryFolder folder(inMemory);
-  const auto boot = [&](const std::string& path) {
-    sim::Phone::Options options;
-    options.device = folder.path() / "device";
-    options.library = path;
-    return sim::Phone(options);
-  };
-  const auto mapping = [&](const std::string& path) {
-    return boot(path).ask("measure", {{"what", "mapping"}}).get<double>();
+  Bench whole;
+  Bench quiet;
+  Bench bare;
+  sim::writeFile(quiet.onThisPC("/Library/MobileSubstrate/DynamicLibraries/Sprigdial.dylib"),
+                 withoutInitialiser(*library));
+  bare.removePackage(sim::addOnPackage);
+  const auto mapping = [](Bench& bench) {
+    return bench.respring().ask("measure", {{"what", "mapping"}}).get<double>();
   };
   json calls = json::array();
-  {
-    auto phone = boot("/run/simulator/Sprigdial.so");
-    for (const auto& call : phone.calls())
-      calls.push_back(
-          {{"kind", call.kind}, {"class", call.className}, {"selector", call.selector}, {"encoding", call.encoding}});
-    sim::writeFile(phone.device().resolve("/var/mobile/quiet.so"), withoutInitialiser(*library));
-  }
+  for (const auto& call : whole.calls())
+    calls.push_back(
+        {{"kind", call.kind}, {"class", call.className}, {"selector", call.selector}, {"encoding", call.encoding}});
   double bareMapping = std::numeric_limits<double>::infinity();
-  for (int run = 0; run < runs; ++run) bareMapping = std::min(bareMapping, mapping("/var/mobile/quiet.so"));
-  const auto start = [&] { return mapping("/run/simulator/Sprigdial.so") - bareMapping; };
+  for (int run = 0; run < runs; ++run) bareMapping = std::min(bareMapping, mapping(quiet));
+  const auto start = [&] { return mapping(whole) - bareMapping; };
   const auto runtime = [&] {
-    auto phone = boot("");
-    phone.ask("measure", {{"what", "start"}, {"calls", calls}});
-    return phone.seconds();
+    bare.respring();
+    bare.measure("start", {{"calls", calls}});
+    return bare.seconds();
   };
   report("start-up", least(runs, start, runtime), "");
 }

@@ -39,7 +39,7 @@ endfunction()
 
 add_executable(SpringBoard simulator/springboard.cpp)
 link_home_screen_process(SpringBoard)
-add_dependencies(SpringBoard Sprigdial)
+add_dependencies(SpringBoard package-tree)
 
 # The preferences daemon, beside the home screen inside the device.
 file(GLOB daemon_sources CONFIGURE_DEPENDS simulator/preferences/daemon/*.cpp)

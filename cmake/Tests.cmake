@@ -50,7 +50,7 @@ PC_PANE=\"$<TARGET_FILE:SprigdialSettings>\";DEVICE_PANE=\"${PROJECT_SOURCE_DIR}
 PANE_IMAGES=\"${CMAKE_BINARY_DIR}/images\";\
 DEVICE_PACKAGE=\"${PROJECT_SOURCE_DIR}/build/device/com.morvanel.sprigdial_${PROJECT_VERSION}_iphoneos-arm.deb\"")
 add_dependencies(sprigdial-tests SpringBoard Preferences cfprefsd installd home-screen minimal-host settings-probe
-  property-list-probe platform-probe test-pane incomplete-pane Sprigdial-unoptimised)
+  property-list-probe platform-probe package-tree test-pane incomplete-pane Sprigdial-unoptimised)
 
 # What the runtime and Foundation keep for the life of a process is no leak.
 set(sanitizer_environment "ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1")

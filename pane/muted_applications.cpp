@@ -23,7 +23,7 @@ NSArray* makeRows(PSListController* list) {
     const AutoreleasePool pool;
     auto* record = as<NSDictionary>(records->at(i));
     auto* bundleIdentifier = as<NSString>(record->objectForKey(mute::idKey()));
-    if (bundleIdentifier == nullptr || !mute::isInForce(record, now)) continue;
+    if (bundleIdentifier->length() == 0 || !mute::isInForce(record, now)) continue;
     rows->add(applicationRow(list, bundleIdentifier, endText(record)));
   }
   head->setFooter(rows->count() > 1

@@ -2,6 +2,7 @@
 
 #include "pane/list.hpp"
 #include "pane/store.hpp"
+#include "state/generation.hpp"
 
 namespace pane {
 namespace {
@@ -15,6 +16,15 @@ NSArray* settingsKeys() {
   for (NSUInteger i = 0; i < count; ++i)
     if (auto* item = as<NSDictionary>(items->at(i))) keys->add(item->objectForKey("key"_ns));
   return keys;
+}
+
+void addRestart(PSListController* list, NSMutableArray* rows) {
+  PSSpecifier* head = PSSpecifier::emptyGroup();
+  head->setFooter("Labels whose names were removed change when the home screen restarts."_ns);
+  PSSpecifier* button = PSSpecifier::row("Restart Home Screen"_ns, list, nullptr, PSCellType::button);
+  button->setAction("restartHomeScreen:"_sel);
+  rows->add(head);
+  rows->add(button);
 }
 
 NSArray* makeRows(PSListController* list) {
@@ -36,7 +46,13 @@ NSArray* makeRows(PSListController* list) {
   head->setFooter(rows->count() > 1
                       ? "An application whose name is removed here has its own name again on the home screen."_ns
                       : "No label has been renamed. That is done from an application's menu on the home screen."_ns);
+  // There a label is read when its view is made, and whenever it is renamed from its menu: nothing else makes it.
+  if (!Generation::isNew()) addRestart(list, rows);
   return rows;
+}
+
+void restartHomeScreen(PSListController*, SEL, PSSpecifier*) {
+  FBSSystemService::sharedService()->perform(SBSRelaunchAction::withReason("Renamed labels"_ns));
 }
 
 void removeName(PSListController* list, SEL, PSSpecifier* row) {
@@ -55,6 +71,7 @@ void registerRenamedLabels() {
   if (cls == nullptr) return;
   addMethod(cls, "specifiers", &rows<makeRows>);
   addMethod(cls, "removeName:", &removeName);
+  addMethod(cls, "restartHomeScreen:", &restartHomeScreen);
 }
 
 }  // namespace pane

@@ -83,7 +83,18 @@ class SBApplicationController : public NSObject {
   }
 };
 
-/// The system's own service for badges and more.
+/// What asks the system to start the home screen anew.
+class SBSRelaunchAction : public NSObject {
+ public:
+  /// The screen fades to black meanwhile. `reason` goes to the system's log.
+  static SBSRelaunchAction* withReason(NSString* reason) {
+    constexpr NSUInteger fadeToBlack = 1 << 2;
+    return send<SBSRelaunchAction*>("SBSRelaunchAction"_cls, "actionWithReason:options:targetURL:"_sel, reason,
+                                    fadeToBlack, static_cast<NSURL*>(nullptr));
+  }
+};
+
+/// The system's own service for badges and more. Every process may speak to it.
 class FBSSystemService : public NSObject {
  public:
   static FBSSystemService* sharedService() {
@@ -91,6 +102,12 @@ class FBSSystemService : public NSObject {
   }
   void setBadgeValue(NSString* value, NSString* bundleIdentifier) {
     send(this, "setBadgeValue:forBundleID:"_sel, value, bundleIdentifier);
+  }
+  /// Does nothing without an action.
+  void perform(SBSRelaunchAction* action) {
+    if (action == nullptr) return;
+    auto* actions = send<NSObject*>("NSSet"_cls, "setWithObject:"_sel, action);
+    send(this, "sendActions:withResult:"_sel, actions, static_cast<const void*>(nullptr));
   }
 };
 

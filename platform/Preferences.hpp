@@ -3,17 +3,19 @@
 
 #include "platform/UIKit.hpp"
 
-enum class PSCellType : NSInteger { titleValue = 4 };
+enum class PSCellType : NSInteger { titleValue = 4, button = 13 };
 
 /// A row of a list, or the head of a group of rows. Rows of a property list have its keys as their properties.
 class PSSpecifier : public NSObject {
  public:
   static PSSpecifier* emptyGroup() { return send<PSSpecifier*>(cls(), "emptyGroupSpecifier"_sel); }
-  /// A row that shows what `target` answers to `get`, a message with the row.
+  /// A row that shows what `target` answers to `get`, a message with the row; nothing without one.
   static PSSpecifier* row(NSString* name, NSObject* target, SEL get, PSCellType cell) {
     return send<PSSpecifier*>(cls(), "preferenceSpecifierNamed:target:set:get:detail:cell:edit:"_sel, name, target,
                               SEL{nullptr}, get, Class{nullptr}, cell, Class{nullptr});
   }
+  /// What a button sends its target, with itself.
+  void setAction(SEL action) { send(this, "setButtonAction:"_sel, action); }
   /// Nil when it has none.
   NSObject* property(NSString* key) const { return send<NSObject*>(this, "propertyForKey:"_sel, key); }
   /// A group's text below its rows.

@@ -70,7 +70,7 @@ pass() {
 found=0 missed=() broken=()
 
 try() {
-  local title=$1 file=$2 tests=$3 from=$4 to=$5 log filter targets=(Sprigdial)
+  local title=$1 file=$2 tests=$3 from=$4 to=$5 log filter targets=(package-tree)
   # What the library's defects do not reach is built once; the simulator's reach every program of it.
   [[ $file != simulator/* ]] || targets=(sprigdial-tests)
   [[ $tests != *HandingOn* ]] || targets+=(Sprigdial-unoptimised)

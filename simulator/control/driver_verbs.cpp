@@ -63,6 +63,21 @@ void uninstall(Session& session, const Json& members) {
   session.phone().uninstall(session.application(text(members, "id")).id);
 }
 
+void package(Session& session, const Json& members) {
+  const bool installs = members.at("do") == "install";
+  const std::string name = text(members, "package");
+  Phone& phone = session.phone();
+  const Package done = installs ? phone.installPackage(name) : phone.removePackage(name);
+  session.output() << (installs ? "installed " : "removed ") << done.name << " " << done.version << "\n";
+  if (done.wantsRestart) session.begin();
+}
+
+void packages(Session& session, const Json&) {
+  for (const Package& package : installedPackages(session.phone().device())) {
+    session.output() << package.name << " " << package.version << "\n";
+  }
+}
+
 void where(Session& session, const Json& members) {
   const Device::Application application = session.application(text(members, "id"));
   const auto print = [&](const char* what, const fs::path& path) {
@@ -200,6 +215,13 @@ std::vector<DriverVerb> makeTable() {
         "prints where an application's folders are, on the device and on this PC",
         {application}},
        where},
+      {{"package",
+        "applications",
+        "installs a package (.deb), or takes one away by its name, as an installer on the phone does",
+        {{.name = "do", .type = Type::choice, .choices = {"install", "remove"}},
+         {.name = "package", .type = Type::file, .help = "a file of this PC, or a name"}}},
+       package},
+      {{"packages", "applications", "lists the packages that are installed: name and version", {}}, packages},
       {{"filza",
         "applications",
         "installs the file manager or takes it away",

@@ -45,13 +45,13 @@ std::shared_ptr<Process> Phone::start(Program program, const Process::Before& be
   // What it says before it is known here goes nowhere.
   const auto self = std::make_shared<std::atomic<Process*>>(nullptr);
   const auto hear = [this, self](const Json& push) {
+    if (push.at("push") == "relaunch") relaunchAsked_ = true;
     if (const Process* from = *self) relay_.hear(from, push);
   };
-  const std::shared_ptr<Process> process(new Process(program, options_, device_.root(), known, hear),
-                                         [this](Process* gone) {
-                                           relay_.leave(gone);
-                                           delete gone;
-                                         });
+  std::shared_ptr<Process> process(new Process(program, options_, device_.root(), known, hear), [this](Process* gone) {
+    relay_.leave(gone);
+    delete gone;
+  });
   close(known.preferences);
   *self = process.get();
   relay_.join(process.get());
@@ -201,6 +201,14 @@ Device::Application Phone::install(const fs::path& archive) {
 Phone& Phone::uninstall(std::string_view id) {
   device_.uninstall(id);
   return noticed();
+}
+
+Package Phone::installPackage(const fs::path& file) { return finishInstalling(sim::installPackage(device_, file)); }
+Package Phone::removePackage(std::string_view name) { return finishInstalling(sim::removePackage(device_, name)); }
+
+Package Phone::finishInstalling(Package package) {
+  if (package.wantsRestart && booted()) respring();
+  return package;
 }
 
 Phone& Phone::setFilzaInstalled(bool installed) {
@@ -419,7 +427,9 @@ Json Phone::exchange(Program program, const std::shared_ptr<Process>& process, J
 Json Phone::exchange(Json request) { return exchange(Program::homeScreen, running(), std::move(request)); }
 
 Json Phone::askPane(const std::string& verb, Json members) {
-  return exchange(Program::settings, openSettings(), {{"verb", verb}, {"members", std::move(members)}});
+  Json value = exchange(Program::settings, openSettings(), {{"verb", verb}, {"members", std::move(members)}});
+  if (relaunchAsked_.exchange(false)) respring();
+  return value;
 }
 
 Json Phone::ask(const std::string& verb, Json members) {

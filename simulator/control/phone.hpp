@@ -20,6 +20,7 @@
 #include "simulator/control/screen.hpp"
 #include "simulator/device/device.hpp"
 #include "simulator/device/error.hpp"
+#include "simulator/device/packages.hpp"
 #include "simulator/preferences/preferences_daemon.hpp"
 
 namespace sim {
@@ -117,6 +118,10 @@ class Phone {
   Device::Application install(const std::filesystem::path& archive);
   /// Takes an application away, with its data and its icon.
   Phone& uninstall(std::string_view id);
+  /// Installs a package, or takes one away, as an installer on the phone does: the home screen is restarted when the
+  /// package asks for it.
+  Package installPackage(const std::filesystem::path& file);
+  Package removePackage(std::string_view name);
   /// The file manager comes or goes.
   Phone& setFilzaInstalled(bool installed);
   /// Starts the settings application if it is not open, and taps the row of that label in its first list. It has a
@@ -253,6 +258,8 @@ class Phone {
   void endWell(Program program);
   /// The settings application has gone: the home screen tells the preferences daemon the time from now on.
   Phone& tellTime();
+  /// What an installer does once a package has come or gone.
+  Package finishInstalling(Package package);
   /// A change of the device that a home screen notices when it runs.
   Phone& noticed();
   /// The entries of a log from that place on.
@@ -272,6 +279,7 @@ class Phone {
   std::shared_ptr<Process> process_, settings_;
   std::optional<std::int64_t> uptime_;  ///< in nanoseconds, of the home screen before
   std::atomic<double> seconds_ = 0;
+  std::atomic<bool> relaunchAsked_ = false;  ///< the settings application wants the home screen to be started anew
 };
 
 }  // namespace sim

@@ -34,7 +34,6 @@ std::vector<std::string> command(Program program, const ProcessOptions& options,
   if (options.live) words.emplace_back("--live");
   if (before.preferencesRun) words.emplace_back("--resume-preferences");
   if (program != Program::homeScreen) return words;
-  if (!options.library.empty()) words.insert(words.end(), {"--library", options.library});
   for (const auto& method : options.interposed) words.insert(words.end(), {"--interpose", method});
   return words;
 }

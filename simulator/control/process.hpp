@@ -24,11 +24,10 @@ struct ProcessOptions {
   std::optional<double> coreVersion;  ///< the core library's version; without it the generation's own
   bool tablet = false;
   std::filesystem::path device;                         ///< its folder; made when missing
-  std::filesystem::path buildFolder = programFolder();  ///< where SpringBoard and Sprigdial.so are: /run/simulator
+  std::filesystem::path buildFolder = programFolder();  ///< where SpringBoard is: /run/simulator
   std::optional<double> clock;                          ///< seconds since 1970; without it the clock starts now
   std::optional<std::string> timeZone;                  ///< such as "Europe/Rome"; without it this process's own
   bool live = false;                                    ///< the clock runs by itself
-  std::string library = "/run/simulator/Sprigdial.so";  ///< the add-on, by its path on the device; "" for none
   std::map<std::string, std::string> environment;       ///< of the process, besides the usual
   std::vector<std::string> interposed;                  ///< methods, "CLASS SELECTOR" or "+CLASS SELECTOR"
   std::vector<Mount> folders;                           ///< of this machine, besides the usual

@@ -10,6 +10,7 @@
 #include "simulator/control/process_verbs.hpp"
 #include "simulator/control/value_text.hpp"
 #include "simulator/control/words.hpp"
+#include "simulator/device/packages.hpp"
 
 namespace fs = std::filesystem;
 
@@ -57,11 +58,19 @@ void Session::boot(Phone::Options options, const std::optional<fs::path>& device
   options.stop = options_.stop;
   check(options);
   auto phone = std::make_unique<Phone>(std::move(options));
+  // Who opens the console wants to see what was just built.
+  if (options_.device && !std::exchange(upToDate_, true)) updateAddOn(phone->device());
   phone->boot();
   phone_ = std::move(phone);
   freshDevice_ = std::move(fresh);
   clock_.begin(options_.live);
   begin();
+}
+
+void Session::begin() {
+  eventsFrom_ = eventsUpTo_ = 0;
+  menuCame_.reset();
+  for (const std::string& event : phone_->events()) output_ << "Event: " << event << "\n";
 }
 
 const std::vector<VerbDescription>& Session::verbs() {

@@ -58,11 +58,9 @@ class Session {
   /// Boots another phone; the one before is kept when that fails. Without a device it gets a fresh one.
   void boot(Phone::Options options, const std::optional<std::filesystem::path>& device);
   void quit() { over_ = true; }
-  /// Another home screen begins: its events are counted anew, and no menu has come yet.
-  void begin() {
-    eventsFrom_ = eventsUpTo_ = 0;
-    menuCame_.reset();
-  }
+  /// Another home screen begins: its events are counted anew, those of its start are told at once, and no menu has come
+  /// yet.
+  void begin();
   /// The screen as text, with the events since the last `showScreen`.
   std::string look();
   /// The same, and what the settings application shows if it is open.
@@ -87,6 +85,7 @@ class Session {
   Options options_;
   std::ostream& output_;
   std::vector<VerbDescription> verbs_;  // none until they are asked for
+  bool upToDate_ = false;               // the console's device has got what was built
   std::unique_ptr<TemporaryFolder> freshDevice_;
   std::unique_ptr<Phone> phone_;
   ClockRecord clock_;

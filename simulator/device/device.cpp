@@ -16,6 +16,7 @@
 #include "simulator/device/error.hpp"
 #include "simulator/device/files.hpp"
 #include "simulator/device/messages.hpp"
+#include "simulator/device/packages.hpp"
 #include "simulator/device/samples.hpp"
 #include "simulator/device/sandbox.hpp"
 
@@ -108,6 +109,11 @@ Device::Device(fs::path root) : root_(std::move(root)) {
   if (fs::is_empty(root_)) makeSampleDevice(root_);
   if (!fs::is_directory(at(bundles)) || !fs::is_directory(at(containers))) {
     throw BadInput(root_.string() + " is not a device's folder");
+  }
+  // It is new, or from the time when nothing was installed on devices.
+  if (!hasPackages(*this)) {
+    makeBasePackage(root_);
+    installAddOn(*this);
   }
 }
 

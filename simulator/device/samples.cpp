@@ -1,12 +1,14 @@
 #include "simulator/device/samples.hpp"
 
 #include <algorithm>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "simulator/device/device.hpp"
 #include "simulator/device/files.hpp"
 #include "simulator/device/image.hpp"
+#include "simulator/device/packages.hpp"
 #include "simulator/device/property_list.hpp"
 
 namespace fs = std::filesystem;
@@ -133,10 +135,13 @@ constexpr const char* folders[] = {
     "var/mobile/Library/WebClips",
     "var/mobile/Containers/Data/Application",
     "var/containers/Bundle/Application",
-    "Library/PreferenceBundles/SprigdialSettings.bundle",
+    "var/lib/dpkg/info",
+    "Library/MobileSubstrate/DynamicLibraries",
+    "Library/PreferenceBundles",
+    "Library/PreferenceLoader/Preferences",
     "usr/bin",
     "usr/lib/GNUstep",
-    "usr/share",
+    "usr/share/doc",
     "bin",
     "lib",
     "lib64",
@@ -146,6 +151,10 @@ constexpr const char* folders[] = {
     "tmp",
     "run/simulator",
 };
+
+void makeFolders(const fs::path& root) {
+  for (const char* folder : folders) fs::create_directories(root / folder);
+}
 
 void makeData(const fs::path& container, const Sample& sample) {
   PropertyList(Json{{"FirstStart", false}, {"Starts", 7}})
@@ -195,11 +204,8 @@ void makeSampleApplication(const fs::path& root, std::string_view id) {
 }
 
 void makeSampleDevice(const fs::path& root) {
-  for (const char* folder : folders) fs::create_directories(root / folder);
+  makeFolders(root);
   fs::create_symlink("/bin/tar", root / "usr/bin/tar");
-  const fs::path images = root / "Library/PreferenceBundles/SprigdialSettings.bundle";
-  writeFile(images / "Sprigdial.png", dialImage(35));
-  writeFile(images / "icon@3x.png", dialImage(105));
 
   Json state = Json::object();
   for (const Sample& sample : samples()) {
@@ -209,6 +215,15 @@ void makeSampleDevice(const fs::path& root) {
   PropertyList(state).write(root / "var/mobile/Library/SpringBoard/applicationState.plist");
   PropertyList(Json{{"Title", "Garden Diary"}, {"URL", "https://garden.example/diary"}})
       .write(root / "var/mobile/Library/WebClips" / (Device::uuid("bookmark") + ".webclip") / "Info.plist");
+}
+
+void makeBasePackage(const fs::path& root) {
+  makeFolders(root);
+  std::set<fs::path> all;
+  for (const char* folder : folders) {
+    for (fs::path path = fs::path("/") / folder; path != "/"; path = path.parent_path()) all.insert(path);
+  }
+  makePackageDatabase(root, {all.begin(), all.end()});
 }
 
 }  // namespace sim

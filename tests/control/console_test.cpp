@@ -5,6 +5,7 @@
 
 #include "simulator/device/device.hpp"
 #include "simulator/device/files.hpp"
+#include "simulator/device/packages.hpp"
 #include "tests/support/command.hpp"
 #include "tests/support/places.hpp"
 #include "tests/support/terminal.hpp"
@@ -138,4 +139,27 @@ TEST_F(Console, TakesLinesThatComeFromNoTerminal) {
                              " --console-device " + device + " --console 2>&1");
   EXPECT_EQ(lines.size(), 12U);
   EXPECT_EQ(lines.back(), "\"Garden Diary\" (bookmark)");
+}
+
+TEST_F(Console, PutsWhatWasBuiltOntoItsDevice) {
+  const std::filesystem::path image =
+      sim::Device(device).resolve("/Library/MobileSubstrate/DynamicLibraries/Sprigdial.dylib");
+  sim::writeFile(image, "of yesterday");
+  auto console = start();
+  ASSERT_TRUE(console.shows("> "));
+  EXPECT_EQ(sim::readFile(image), sim::readFile(test::pcLibrary));
+  console.type("package install " + std::string(test::devicePackage) + "\r");
+  ASSERT_TRUE(console.shows("is not mapped"));
+  console.type("boot new\r");
+  EXPECT_TRUE(console.shows("new generation on " + device));
+  EXPECT_EQ(sim::readFile(image), sim::readFile(test::deviceLibrary)) << "what was installed since";
+}
+
+TEST_F(Console, LeavesTheAddOnAwayWhereItWasRemoved) {
+  sim::removePackage(sim::Device(device), sim::addOnPackage);
+  auto console = start();
+  ASSERT_TRUE(console.shows("> "));
+  console.type("packages\r");
+  ASSERT_TRUE(console.shows("base 1"));
+  EXPECT_EQ(sim::installedPackages(sim::Device(device)).size(), 1U);
 }

@@ -28,10 +28,12 @@ TEST_P(Phones, SayWhatTheyCannotRunWith) {
 
 TEST_P(Phones, HaveFurtherFoldersMounted) {
   const sim::TemporaryFolder folder;
-  std::filesystem::copy(test::pcLibrary, folder.path() / "Copy.so");
+  sim::writeFile(folder.path() / "program", "#!/bin/sh\necho a further program was here; exec \"$@\"\n");
+  std::filesystem::permissions(folder.path() / "program", std::filesystem::perms(0755));
   phone.options().folders = {{folder.path().string(), "/run/extra"}};
-  phone.options().library = "/run/extra/Copy.so";
-  EXPECT_TRUE(phone.swipeUp("com.example.notes").screen().topAlert() != nullptr);
+  phone.options().before = {"/run/extra/program"};
+  phone.boot();
+  EXPECT_NE(phone.output().find("a further program was here"), std::string::npos) << phone.output();
 }
 
 TEST_P(Phones, AreStartedByOtherWordsIfWanted) {

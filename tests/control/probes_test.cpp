@@ -193,7 +193,7 @@ TEST_P(Probes, WhatHappensBeforeACallMayRaise) {
 }
 
 TEST_P(Probes, ArgumentsReachThePlatformAsTheyAre) {
-  phone.options().library = "";
+  phone.removeAddOn();
   constexpr std::int64_t wide = 0x1'0000'0106;
   const std::string method = isOld() ? "setInScreenOffMode:forAutoUnlock:" : "viewWillAppear:";
   phone.performWith(method, {wide, 5}, isOld() ? "SBDashBoardViewController" : "CSCoverSheetViewController");
@@ -207,7 +207,7 @@ TEST_P(Probes, AMessageTakesSixIntegersAtMost) {
 }
 
 TEST_P(Probes, BooleansMayBeAnyByte) {
-  phone.options().library = "";
+  phone.removeAddOn();
   phone.screenOff({.mode = 6, .autoUnlock = 255, .source = {}});
   phone.screenOn({.mode = {}, .autoUnlock = true, .source = 3});
   phone.ask("notify", {{"id", app}, {"text", "hello"}, {"modal", 7}});
@@ -224,7 +224,7 @@ TEST_P(Probes, BooleansMayBeAnyByte) {
 }
 
 TEST_P(Probes, QuickActionsMayBeWhatTheyShouldNot) {
-  phone.options().library = "";
+  phone.removeAddOn();
   const auto item = [](const nlohmann::ordered_json& type, const nlohmann::ordered_json& title) {
     return nlohmann::ordered_json{{"UIApplicationShortcutItemType", type}, {"UIApplicationShortcutItemTitle", title}};
   };

@@ -386,3 +386,42 @@ TEST_F(Script, ASecondMenuTooSoonIsExplained) {
   EXPECT_FALSE(explained("advance 1\n"));
   EXPECT_FALSE(explained("respring\nsettings enabled=false\n"));
 }
+
+TEST_F(Script, InstallsAndRemovesPackages) {
+  const std::string package = std::string(test::buildFolder) + "/Sprigdial.deb";
+  const auto played = play(boot() + "packages\npackage remove com.morvanel.sprigdial\nswipe up com.example.notes\n" +
+                           "expect-not \"Clear Badges\"\npackage install " + package +
+                           "\nswipe up com.example.notes\nexpect \"Clear Badges\"\n");
+  EXPECT_EQ(played.status, 0) << played.errors;
+  const std::string version = linesOf("dpkg-deb -f " + package + " Version").front();
+  EXPECT_EQ(after(played, "packages"), "base 1\ncom.morvanel.sprigdial " + version + "\n");
+  EXPECT_EQ(after(played, "package remove com.morvanel.sprigdial"), "removed com.morvanel.sprigdial " + version + "\n");
+  EXPECT_EQ(after(played, "package install " + package), "installed com.morvanel.sprigdial " + version + "\n");
+}
+
+TEST_F(Script, TellsAtOnceWhyAnAddOnIsNotMapped) {
+  const std::string filter = "/Library/MobileSubstrate/DynamicLibraries/Sprigdial.plist";
+  const auto empty = folder.path() / "empty";
+  sim::writeFile(empty, "");
+  const std::string event = "Event: Sprigdial.dylib is not mapped: its filter cannot be read\n";
+  const auto played = play(boot() + "put " + empty.string() + " " + filter + "\nrespring\n" + boot() +
+                           "expect \"its filter cannot be read\"\n");
+  EXPECT_EQ(played.status, 0) << played.errors;
+  EXPECT_EQ(after(played, "respring"), event);
+}
+
+TEST_F(Script, RefusesPackagesThatAreNoneInOneLine) {
+  const auto text = folder.path() / "text.deb";
+  sim::writeFile(text, "no package");
+  play(boot());
+  const auto before = files();
+  for (const std::string& line :
+       {std::string("package install /nowhere.deb"), "package install " + text.string(),
+        std::string("package remove com.example.nothing"), std::string("package remove base"),
+        std::string("package install"), std::string("package replace com.morvanel.sprigdial")}) {
+    const auto played = play(boot() + line + "\n");
+    EXPECT_EQ(played.status, 2) << line;
+    EXPECT_EQ(std::count(played.errors.begin(), played.errors.end(), '\n'), 1) << played.errors;
+    EXPECT_EQ(files(), before) << line;
+  }
+}

@@ -54,6 +54,6 @@ TEST_P(RenameIconClass, IsTheSameBeforeAndAfterUse) {
 }
 
 TEST_P(RenameIconClass, ComesWithTheLibrary) {
-  test::Phone bare(GetParam(), {.library = ""});
-  EXPECT_THROW(bare.describe("RenameIcon"), sim::BadInput);
+  phone.removeAddOn();
+  EXPECT_THROW(phone.describe("RenameIcon"), sim::BadInput);
 }

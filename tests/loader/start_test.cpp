@@ -153,7 +153,7 @@ TEST_P(Start, WorksWhereTheMuteListCannotBeMade) {
 }
 
 TEST_P(Start, WithoutTheLibraryTheHomeScreenWorksToo) {
-  phone.options().library = "";
+  phone.removeAddOn();
   phone.swipeUp("com.example.notes");
   EXPECT_FALSE(phone.showsAlert());
   EXPECT_TRUE(phone.calls().empty());

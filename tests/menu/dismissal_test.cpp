@@ -1,5 +1,6 @@
 // The menu leaves the screen when the device locks, the screen goes off or the power-down slider comes up.
 #include "tests/support/phone.hpp"
+#include "tests/support/places.hpp"
 
 namespace {
 using Json = nlohmann::json;
@@ -67,8 +68,7 @@ TEST_P(Dismissal, WithoutAMenuOnlyThePlatformIsCalled) {
 /// one that is not optimised.
 class HandingOn : public test::Generations {
  protected:
-  void expectHandedOn(const std::string& library) {
-    phone.options().library = library;
+  void expectHandedOn() {
     const auto handedOn = [&](const std::string& target, const std::string& selector, const Json& values) {
       SCOPED_TRACE(selector);
       phone.ask("perform", {{"target", target}, {"selector", selector}, {"arguments", values}});
@@ -100,8 +100,11 @@ class HandingOn : public test::Generations {
 };
 INSTANTIATE_TEST_SUITE_P(, HandingOn, test::bothGenerations, test::generationName);
 
-TEST_P(HandingOn, IsExact) { expectHandedOn("/run/simulator/Sprigdial.so"); }
-TEST_P(HandingOn, IsExactWithoutTheOptimiser) { expectHandedOn("/run/simulator/Sprigdial-unoptimised.so"); }
+TEST_P(HandingOn, IsExact) { expectHandedOn(); }
+TEST_P(HandingOn, IsExactWithoutTheOptimiser) {
+  phone.useAddOn(std::string(test::buildFolder) + "/Sprigdial-unoptimised.so");
+  expectHandedOn();
+}
 
 TEST_P(Dismissal, ComesAfterThePlatformHasHadItsTurn) {
   const std::string method = GetParam() == sim::Generation::old

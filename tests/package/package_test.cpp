@@ -49,21 +49,37 @@ constexpr const char* file = "-rw-r--r-- 0/0";
 }  // namespace
 
 TEST(DevicePackage, HoldsTheseFilesOfRootAndNoOthers) {
-  EXPECT_EQ(modes(entries("fsys-tarfile")), (std::map<std::string, std::string>{
-                                                {"./", folder},
-                                                {"./Library/", folder},
-                                                {"./Library/MobileSubstrate/", folder},
-                                                {"./Library/MobileSubstrate/DynamicLibraries/", folder},
-                                                {"./Library/MobileSubstrate/DynamicLibraries/Sprigdial.dylib", program},
-                                                {"./Library/MobileSubstrate/DynamicLibraries/Sprigdial.plist", file},
-                                                {"./usr/", folder},
-                                                {"./usr/share/", folder},
-                                                {"./usr/share/doc/", folder},
-                                                {"./usr/share/doc/com.morvanel.sprigdial/", folder},
-                                                {"./usr/share/doc/com.morvanel.sprigdial/copyright", file},
-                                                {"./usr/share/doc/com.morvanel.sprigdial/depiction.html", file},
-                                                {"./usr/share/doc/com.morvanel.sprigdial/menu.svg", file},
-                                            }));
+  EXPECT_EQ(modes(entries("fsys-tarfile")),
+            (std::map<std::string, std::string>{
+                {"./", folder},
+                {"./Library/", folder},
+                {"./Library/MobileSubstrate/", folder},
+                {"./Library/MobileSubstrate/DynamicLibraries/", folder},
+                {"./Library/MobileSubstrate/DynamicLibraries/Sprigdial.dylib", program},
+                {"./Library/MobileSubstrate/DynamicLibraries/Sprigdial.plist", file},
+                {"./Library/PreferenceBundles/", folder},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/", folder},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/Info.plist", file},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/Pane.png", file},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/Pane@2x.png", file},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/Pane@3x.png", file},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/Root.plist", file},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/Sprigdial.png", file},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/Sprigdial@2x.png", file},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/Sprigdial@3x.png", file},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/SprigdialSettings", program},
+                {"./Library/PreferenceBundles/SprigdialSettings.bundle/icon@3x.png", file},
+                {"./Library/PreferenceLoader/", folder},
+                {"./Library/PreferenceLoader/Preferences/", folder},
+                {"./Library/PreferenceLoader/Preferences/Sprigdial.plist", file},
+                {"./usr/", folder},
+                {"./usr/share/", folder},
+                {"./usr/share/doc/", folder},
+                {"./usr/share/doc/com.morvanel.sprigdial/", folder},
+                {"./usr/share/doc/com.morvanel.sprigdial/copyright", file},
+                {"./usr/share/doc/com.morvanel.sprigdial/depiction.html", file},
+                {"./usr/share/doc/com.morvanel.sprigdial/menu.svg", file},
+            }));
 }
 
 TEST(DevicePackage, HoldsTheseScriptsAndNoOthers) {
@@ -84,6 +100,7 @@ TEST(DevicePackage, TellsWhatAnInstallerShows) {
   EXPECT_EQ(field("Section"), "Tweaks");
   EXPECT_EQ(field("Depends"),
             "firmware (>= 10.0), firmware (<< 15.0), mobilesubstrate (>= 0.9.5000), preferenceloader, tar");
+  EXPECT_EQ(field("Icon"), "file:///Library/PreferenceBundles/SprigdialSettings.bundle/Pane@3x.png");
   EXPECT_EQ(field("Depiction"), "file:///usr/share/doc/com.morvanel.sprigdial/depiction.html");
   const std::string description = field("Description");
   EXPECT_EQ(description.find("Gives every icon on the home screen a menu of maintenance commands\n "), 0U);
@@ -98,7 +115,7 @@ TEST(DevicePackage, TellsItsSizeAndTheSumsOfItsFiles) {
   for (const auto& entry : fs::recursive_directory_iterator(unpacked.path()))
     if (entry.is_regular_file() && entry.path().parent_path().filename() != "DEBIAN") bytes += entry.file_size();
   EXPECT_EQ(field("Installed-Size"), std::to_string((bytes + 1023) / 1024));
-  EXPECT_EQ(linesOf("cd " + unpacked.path().string() + " && md5sum --check --strict DEBIAN/md5sums").size(), 5U);
+  EXPECT_EQ(linesOf("cd " + unpacked.path().string() + " && md5sum --check --strict DEBIAN/md5sums").size(), 16U);
 }
 
 TEST(DevicePackage, IsReadByTheOldestInstallers) {
@@ -114,12 +131,14 @@ TEST(DevicePackage, FilterNamesTheHomeScreenAndNothingElse) {
             Lines{"{Filter={Bundles=(com.apple.springboard);};}"});
 }
 
-TEST(DevicePackage, HoldsTheImageThatWasBuilt) {
-  EXPECT_EQ(linesOf("dpkg-deb --fsys-tarfile " + package +
-                    " | tar -xO -f - ./Library/MobileSubstrate/DynamicLibraries/Sprigdial.dylib | sha256sum")
-                .front()
-                .substr(0, 64),
-            sum(test::deviceLibrary));
+TEST(DevicePackage, HoldsTheImagesThatWereBuilt) {
+  const std::map<std::string, std::string> images = {
+      {"./Library/MobileSubstrate/DynamicLibraries/Sprigdial.dylib", test::deviceLibrary},
+      {"./Library/PreferenceBundles/SprigdialSettings.bundle/SprigdialSettings", test::devicePane}};
+  for (const auto& [path, built] : images)
+    EXPECT_EQ(
+        linesOf("dpkg-deb --fsys-tarfile " + package + " | tar -xO -f - " + path + " | sha256sum")[0].substr(0, 64),
+        sum(built));
 }
 
 TEST(DevicePackage, HasNothingThatDebiansCheckerFindsWrong) {

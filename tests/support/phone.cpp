@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "simulator/device/files.hpp"
+#include "simulator/device/transfer.hpp"
 #include "tests/support/places.hpp"
 
 namespace test {
@@ -57,6 +58,12 @@ void Phone::install(const App& app) {
     fs::create_directories(data / (app.hasCaches ? "Library/Caches" : "Library"));
   }
   rescanIfBooted();
+}
+
+void Phone::removeAddOn() { removePackage(sim::addOnPackage); }
+
+void Phone::useAddOn(const fs::path& image) {
+  sim::putOnDevice(device(), image, "/Library/MobileSubstrate/DynamicLibraries/Sprigdial.dylib");
 }
 
 void Phone::removeFileManager() { setFilzaInstalled(false); }

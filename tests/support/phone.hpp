@@ -44,6 +44,10 @@ class Phone : private OwnFolder, public sim::Phone {
   void install(const App& app);
   /// The samples include the file manager.
   void removeFileManager();
+  /// Takes the add-on away before the home screen boots.
+  void removeAddOn();
+  /// Puts another image in the place of the add-on's.
+  void useAddOn(const std::filesystem::path& image);
   /// Gives the icon a badge, a number or a text, and every other icon none.
   void setBadge(const std::string& id, const nlohmann::ordered_json& badge);
   /// A file of that size below the application's caches.

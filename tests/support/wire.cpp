@@ -11,8 +11,7 @@ namespace test {
 namespace {
 
 std::vector<std::string> command(const std::string& generation, const std::vector<std::string>& options) {
-  std::vector<std::string> words = {"/run/simulator/SpringBoard", "--generation", generation, "--library",
-                                    "/run/simulator/Sprigdial.so"};
+  std::vector<std::string> words = {"/run/simulator/SpringBoard", "--generation", generation};
   words.insert(words.end(), options.begin(), options.end());
   return words;
 }

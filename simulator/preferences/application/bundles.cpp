@@ -79,7 +79,8 @@ Class principalClass(const std::string& bundle) {
   const std::string executable = textIn(info, "CFBundleExecutable"), name = textIn(info, "NSPrincipalClass");
   if (executable.empty()) throw std::runtime_error(bundle + " names no executable");
   if (name.empty()) throw std::runtime_error(bundle + " names no principal class");
-  mapLibrary(bundle + "/" + executable);
+  if (const std::string fault = mapLibrary(bundle + "/" + executable); !fault.empty())
+    throw std::runtime_error(bundle + "/" + executable + " is not mapped: " + fault);
   Class cls = objc_getClass(name.c_str());
   if (cls == nullptr) throw std::runtime_error(bundle + " has no class " + name);
   if (!isController(cls)) throw std::runtime_error(name + " is no controller of a pane");

@@ -5,11 +5,13 @@
 #include "simulator/preferences/application/PSUIPrefsListController.hpp"
 #include "simulator/preferences/application/PreferencesAppController.hpp"
 #include "simulator/preferences/application/pane_verbs.hpp"
+#include "simulator/preferences/application/relaunch.hpp"
 #include "simulator/runtime/main_queue.hpp"
 
 namespace {
 
 void launch() {
+  sim::defineRelaunch();
   sim::definePreferences();
   sim::definePSUIPrefsListController();
   sim::definePreferencesAppController();
