@@ -48,11 +48,10 @@ std::shared_ptr<Process> Phone::start(Program program, const Process::Before& be
     if (push.at("push") == "relaunch") relaunchAsked_ = true;
     if (const Process* from = *self) relay_.hear(from, push);
   };
-  const std::shared_ptr<Process> process(new Process(program, options_, device_.root(), known, hear),
-                                         [this](Process* gone) {
-                                           relay_.leave(gone);
-                                           delete gone;
-                                         });
+  std::shared_ptr<Process> process(new Process(program, options_, device_.root(), known, hear), [this](Process* gone) {
+    relay_.leave(gone);
+    delete gone;
+  });
   close(known.preferences);
   *self = process.get();
   relay_.join(process.get());

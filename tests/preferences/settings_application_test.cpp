@@ -19,6 +19,8 @@ using test::setting;
 class SettingsApplication : public test::Generations {
  protected:
   void SetUp() override {
+    // The panes that packages have put there are others' business.
+    fs::remove_all(phone.path("/Library/PreferenceLoader"));
     installPane("TestPane", "Test", "test-pane.so", "TestPaneController");
     writeRows({
         row("PSGroupCell", "Looks", {{"footerText", "How it looks."}}),
@@ -297,7 +299,7 @@ TEST_P(SettingsApplication, AListTakesItsTimeToComeAndToGo) {
 // Which panes there are
 
 TEST_P(SettingsApplication, EntriesThatMeanNothingArePassedOverWithALine) {
-  const auto entry = [](Json changes) {
+  const auto entry = [](const Json& changes) {
     Json content = {{"bundle", "TestPane"}, {"cell", "PSLinkCell"}, {"isController", true}, {"label", "Bad"}};
     content.update(changes);
     for (const auto& [key, value] : changes.items()) {
@@ -347,11 +349,11 @@ TEST_P(SettingsApplication, ABundleThatCannotBeOpenedSaysSoInItsRow) {
   installPane("NoInfo", "No info", "", "X");
   fs::remove(bundle("NoInfo") / "Info.plist");
   const std::pair<const char*, const char*> reasons[] = {
-      {"No image", "No such file"},
+      {"No image", "NoImage is not mapped: it is no image"},
       {"No class", "NoClass.bundle has no class NoSuchController"},
       {"No list", "TestObject is no controller of a pane"},
       {"Foreign", "functionOfAnotherSystem"},
-      {"Damaged", "Damaged"},
+      {"Damaged", "Damaged is not mapped: "},
       {"Missing", "there is no /Library/PreferenceBundles/Missing.bundle"},
       {"No info", "has no Info.plist that can be read"},
   };

@@ -4,9 +4,9 @@
 
 namespace sim {
 
-/// What happened to a control; several may be meant at once.
+/// What may happen to a control; one bit each.
 namespace UIControlEvents {
-inline constexpr NSUInteger touchUpInside = 1 << 6, valueChanged = 1 << 12;
+inline constexpr NSUInteger valueChanged = 1 << 12;
 }
 
 /// A view that tells others what a person does with it. It does not keep those it tells.

@@ -24,11 +24,6 @@ void UISegmentedControl::setSelectedSegment(NSInteger index) {
   selectedSegmentIndex = index;
 }
 
-NSInteger UISegmentedControl::segmentAt(CGPoint point) {
-  if (titles_.empty()) return none;
-  return static_cast<NSInteger>(point.x / (frame.size.width / static_cast<CGFloat>(titles_.size())));
-}
-
 void UISegmentedControl::layoutSubviews() {
   removeSubviews(this);
   const CGSize segment{frame.size.width / static_cast<CGFloat>(titles_.size()), frame.size.height};

@@ -16,8 +16,6 @@ struct UISegmentedControl : UIControl {
   /// Raises for a segment that there is not.
   id titleForSegment(NSUInteger index);
   void setSelectedSegment(NSInteger index);
-  /// The segment at a point of the control.
-  NSInteger segmentAt(CGPoint point);
   void layoutSubviews();
 
  private:

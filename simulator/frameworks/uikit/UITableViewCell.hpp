@@ -6,7 +6,7 @@ namespace sim {
 
 /// A row of a table.
 struct UITableViewCell : UIView {
-  /// A row without a text or a second one is as high as this.
+  /// A row's, unless it says otherwise.
   static constexpr CGFloat height = 44;
   Ref<UILabel> ownTextLabel, ownDetailTextLabel;  ///< made when first asked for
 
