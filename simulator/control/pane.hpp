@@ -27,8 +27,8 @@ struct CellOnScreen {
   double least = 0, most = 0;        ///< of a slider
   Frame frame;                       ///< on the screen; outside of it where the list has to be scrolled
 };
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(CellOnScreen, kind, label, value, footer, enabled, deletable, choices, least,
-                                   most, frame)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(CellOnScreen, kind, label, value, footer, enabled, deletable, choices, least, most,
+                                   frame)
 
 /// Everything a person sees of it.
 struct PaneOnScreen {
