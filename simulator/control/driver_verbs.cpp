@@ -150,7 +150,7 @@ void preferences(Session& session, const Json& members) {
 }
 
 bool seen(Session& session, const Json& members) {
-  return session.look().find(text(members, "text")) != std::string::npos;
+  return session.lookEverywhere().find(text(members, "text")) != std::string::npos;
 }
 
 void expect(Session& session, const Json& members) {
@@ -248,7 +248,7 @@ std::vector<DriverVerb> makeTable() {
       {{"pane-close", "settings application", "ends the settings application", {}}, paneClose},
       {{"settings",
         "device",
-        "changes settings as the settings pane does",
+        "changes settings, without the settings application",
         {{.name = "assignments", .type = Type::list, .help = "KEY=VALUE each; KEY= removes one"},
          optional({.name = "through-daemon", .type = Type::toggle, .help = "which writes the file when it likes"})}},
        settings},
@@ -266,8 +266,9 @@ std::vector<DriverVerb> makeTable() {
         "prints a preferences domain as the preferences daemon holds it",
         {{.name = "domain"}}},
        preferences},
-      {{"expect", "script", "fails unless the screen shows the text", {words}}, expect},
-      {{"expect-not", "script", "fails if the screen shows the text", {words}}, expectNot},
+      {{"expect", "script", "fails unless the screen shows the text, or that of the settings application", {words}},
+       expect},
+      {{"expect-not", "script", "fails if one of them shows the text", {words}}, expectNot},
       {{"help", "script", "lists the verbs, or tells what one takes", {optional({.name = "verb", .type = Type::verb})}},
        help},
       {{"quit", "script", "ends the console or the script", {}}, quit},

@@ -15,7 +15,8 @@ namespace sim {
 struct CellOnScreen {
   /// "group", "link", "link list", "item", "value", "slider", "switch", "text", "edit", "segment" or "button".
   std::string kind;
-  std::string label;  ///< of a group what stands above it; empty for none
+  /// Of a group what stands above it; empty for none. Of a segment or a slider it is read out, and not seen.
+  std::string label;
   /// Of a switch "on" or "off", of a segment the title that is selected, of a slider its number, of others what stands
   /// behind the label; empty for none.
   std::string value;
@@ -23,9 +24,11 @@ struct CellOnScreen {
   bool enabled = true;               ///< whether it can be used
   bool deletable = false;            ///< whether it can be swiped away
   std::vector<std::string> choices;  ///< of a segment
+  double least = 0, most = 0;        ///< of a slider
   Frame frame;                       ///< on the screen; outside of it where the list has to be scrolled
 };
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(CellOnScreen, kind, label, value, footer, enabled, deletable, choices, frame)
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(CellOnScreen, kind, label, value, footer, enabled, deletable, choices, least,
+                                   most, frame)
 
 /// Everything a person sees of it.
 struct PaneOnScreen {

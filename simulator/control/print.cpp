@@ -1,6 +1,7 @@
 #include "simulator/control/print.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <sstream>
 #include <string_view>
 #include <utility>
@@ -223,15 +224,27 @@ Lines wrapped(const std::string& text) {
 std::string valueText(const CellOnScreen& cell) {
   if (cell.kind == "link" || cell.kind == "link list") return cell.value.empty() ? "›" : cell.value + " ›";
   if (cell.kind == "edit") return "[ " + cell.value + " ]";
-  if (cell.kind != "segment") return cell.value;
+  return cell.value;
+}
+
+std::string segmentsText(const CellOnScreen& cell) {
   std::string text;
   for (const std::string& choice : cell.choices) {
-    text += (text.empty() ? "" : "  ") + (choice == cell.value ? "[" + choice + "]" : choice);
+    text += (text.empty() ? "" : "   ") + (choice == cell.value ? "[" + choice + "]" : choice);
   }
   return text;
 }
 
+std::string sliderText(const CellOnScreen& cell) {
+  constexpr std::size_t track = 24;
+  const double part = cell.most > cell.least ? (std::stod(cell.value) - cell.least) / (cell.most - cell.least) : 0;
+  const auto knob = static_cast<std::size_t>(std::lround(std::clamp(part, 0.0, 1.0) * track));
+  return repeated("─", knob) + "●" + repeated("─", track - knob);
+}
+
 std::string cellText(const CellOnScreen& cell) {
+  if (cell.kind == "segment") return centred(segmentsText(cell), paneWidth);
+  if (cell.kind == "slider") return spread("  " + sliderText(cell), cell.value);
   return spread("  " + (cell.enabled ? cell.label : "(" + cell.label + ")"), valueText(cell));
 }
 

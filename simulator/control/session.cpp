@@ -194,6 +194,13 @@ std::vector<std::string> Session::cells() {
   return all;
 }
 
+std::vector<std::string> Session::cellValues() {
+  if (!phone().paneIsOpen()) return {};
+  std::vector<std::string> all = {"on", "off"};
+  for (const CellOnScreen& cell : phone().pane().cells) all.insert(all.end(), cell.choices.begin(), cell.choices.end());
+  return all;
+}
+
 std::vector<std::string> Session::candidates(const MemberDescription& member, const std::string& begun) {
   if (!member.choices.empty()) return member.choices;
   if (member.type == Type::toggle) return {"on", "off"};
@@ -207,6 +214,7 @@ std::vector<std::string> Session::candidates(const MemberDescription& member, co
   if (member.type == Type::id) return icons();
   if (isTitle(member)) return titles();
   if (member.type == Type::text && member.name == "label") return cells();
+  if (member.type == Type::text && member.name == "value") return cellValues();
   if (member.type == Type::path) {
     return filesBeside(begun, phone_->device().resolve(begun.substr(0, begun.rfind('/') + 1)));
   }
@@ -216,9 +224,10 @@ std::vector<std::string> Session::candidates(const MemberDescription& member, co
 std::string Session::look() {
   std::string text = printed(phone().screen());
   for (const std::string& event : phone().events(eventsFrom_)) text += "Event: " + event + "\n";
-  if (phone().paneIsOpen()) text += printed(phone().pane());
   return text;
 }
+
+std::string Session::lookEverywhere() { return look() + (phone().paneIsOpen() ? printed(phone().pane()) : ""); }
 
 void Session::showScreen() {
   eventsFrom_ = eventsUpTo_;

@@ -61,9 +61,10 @@ class Session {
   /// Another home screen begins: its events are counted anew, those of its start are told at once, and no menu has come
   /// yet.
   void begin();
-  /// The screen as text, with the events since the last `showScreen`, and what the settings application shows if it is
-  /// open.
+  /// The screen as text, with the events since the last `showScreen`.
   std::string look();
+  /// The same, and what the settings application shows if it is open.
+  std::string lookEverywhere();
   void showScreen();
   /// When a file of the device was changed, by the phone's clock.
   std::string changed(const std::filesystem::path& file);
@@ -79,6 +80,7 @@ class Session {
   std::vector<std::string> icons();
   std::vector<std::string> titles();
   std::vector<std::string> cells();
+  std::vector<std::string> cellValues();
 
   Options options_;
   std::ostream& output_;

@@ -3,27 +3,18 @@
 
 #include "tests/support/phone.hpp"
 #include "tests/support/places.hpp"
+#include "tests/support/test_panes.hpp"
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = test::Json;
 namespace fs = std::filesystem;
 using Strings = std::vector<std::string>;
 
-const std::string domain = "com.example.pane";
+const std::string domain = test::paneDomain;
 
-/// A row of the test's own pane, as its property list has it.
-Json row(const std::string& cell, const std::string& label, Json more = Json::object()) {
-  Json item = {{"cell", cell}, {"label", label}};
-  item.update(more);
-  return item;
-}
-
-Json setting(const std::string& cell, const std::string& label, const std::string& key, Json more = Json::object()) {
-  Json item = row(cell, label, {{"key", key}, {"defaults", domain}, {"PostNotification", domain + ".changed"}});
-  item.update(more);
-  return item;
-}
+using test::row;
+using test::setting;
 
 class SettingsApplication : public test::Generations {
  protected:
@@ -50,25 +41,14 @@ class SettingsApplication : public test::Generations {
     });
   }
 
-  fs::path bundle(const std::string& name) const {
-    return phone.path("/Library/PreferenceBundles/" + name + ".bundle");
-  }
-  void writeRows(const std::vector<Json>& items) const {
-    sim::PropertyList({{"title", "Test Pane"}, {"items", items}}).write(bundle("TestPane") / "Root.plist");
-  }
+  fs::path bundle(const std::string& name) const { return test::paneBundle(phone.device(), name); }
+  void writeRows(const std::vector<Json>& items) const { test::writeRows(phone.device(), items); }
   void installEntry(const std::string& name, const Json& content) const {
-    const fs::path folder = phone.path("/Library/PreferenceLoader/Preferences");
-    fs::create_directories(folder);
-    sim::PropertyList(content).write(folder / (name + ".plist"));
+    test::installEntry(phone.device(), name, content);
   }
   void installPane(const std::string& name, const std::string& label, const std::string& image,
                    const std::string& principalClass) const {
-    fs::create_directories(bundle(name));
-    sim::PropertyList({{"CFBundleExecutable", name}, {"NSPrincipalClass", principalClass}})
-        .write(bundle(name) / "Info.plist");
-    if (!image.empty()) fs::copy_file(fs::path(test::buildFolder) / image, bundle(name) / name);
-    installEntry(name,
-                 {{"entry", {{"bundle", name}, {"cell", "PSLinkCell"}, {"isController", true}, {"label", label}}}});
+    test::installPane(phone.device(), name, label, image, principalClass);
   }
   std::string value(const std::string& label) {
     const sim::PaneOnScreen seen = phone.pane();

@@ -35,6 +35,8 @@ void readSlider(CellOnScreen& seen, PSTableCell* cell) {
   char number[32];
   std::snprintf(number, sizeof number, "%g", static_cast<double>(slider->value));
   seen.value = number;
+  seen.least = slider->minimumValue;
+  seen.most = slider->maximumValue;
 }
 
 void readSegments(CellOnScreen& seen, PSTableCell* cell) {
