@@ -1,5 +1,7 @@
 #include "simulator/device/archive_reader.hpp"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <utility>
 
@@ -77,7 +79,9 @@ void ArchiveReader::copyTo(archive* writer) {
 }
 
 std::string ArchiveReader::content() {
+  constexpr std::int64_t mostAtOnce = 1 << 24;
   std::string all;
+  all.reserve(static_cast<std::size_t>(std::clamp<std::int64_t>(archive_entry_size(entry_), 0, mostAtOnce)));
   char block[1 << 16];
   la_ssize_t size = 0;
   while ((size = archive_read_data(reader_.get(), block, sizeof block)) > 0)

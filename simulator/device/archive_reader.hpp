@@ -49,16 +49,18 @@ class ArchiveReader {
   /// The names in archives are text in UTF-8, as on a phone, whatever the locale of whoever started the program.
   class TextNames {
    public:
-    TextNames() : utf8_(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)), before_(uselocale(utf8_)) {}
-    ~TextNames() {
-      uselocale(before_);
-      freelocale(utf8_);
-    }
+    TextNames() : before_(uselocale(utf8())) {}
+    ~TextNames() { uselocale(before_); }
     TextNames(const TextNames&) = delete;
     TextNames& operator=(const TextNames&) = delete;
 
    private:
-    locale_t utf8_, before_;
+    /// Kept, since it takes its time to come.
+    static locale_t utf8() {
+      static const locale_t kept = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+      return kept;
+    }
+    locale_t before_;
   };
 
   TextNames names_;

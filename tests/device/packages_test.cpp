@@ -1,7 +1,10 @@
 // Packages on a device: what comes with them, what stays when they go, and what the home screen makes of them.
 #include "simulator/device/packages.hpp"
 
+#include <elf.h>
+
 #include <algorithm>
+#include <cstring>
 #include <fstream>
 
 #include "tests/support/command.hpp"
@@ -230,7 +233,15 @@ TEST_P(UnfitAddOns, OneThatIsNoImage) {
 
 TEST_P(UnfitAddOns, OneThatIsCutOff) {
   const std::string whole = sim::readFile(phone.path(image)).value();
-  for (const std::size_t size : {100, 4096, 20'000}) {
+  Elf64_Ehdr header;
+  std::memcpy(&header, whole.data(), sizeof header);
+  std::size_t end = 0;  // of what is mapped
+  for (std::size_t index = 0; index < header.e_phnum; ++index) {
+    Elf64_Phdr segment;
+    std::memcpy(&segment, whole.data() + header.e_phoff + index * sizeof segment, sizeof segment);
+    if (segment.p_type == PT_LOAD) end = std::max<std::size_t>(end, segment.p_offset + segment.p_filesz);
+  }
+  for (const std::size_t size : {std::size_t{100}, end / 2, end - 1}) {
     SCOPED_TRACE(size);
     setImage(whole.substr(0, size));
     phone.booted() ? phone.respring() : phone.boot();
