@@ -294,6 +294,46 @@ TEST_P(PaneFile, WhosePlaceAFolderHasIsLeftAlone) {
   EXPECT_EQ(phone.pane().cell(app), nullptr);
 }
 
+// A bundle whose list holds anything
+
+TEST_P(PaneFile, IsLeftAloneByAPaneWithoutAList) {
+  store({{app, "Label"}, {"enabled", "YES"}});
+  const auto list = phone.path("/Library/PreferenceBundles/SprigdialSettings.bundle/Root.plist");
+  for (const std::string content : {"", "garbage", "<plist><array/></plist>", "<plist><dict/></plist>"}) {
+    sim::writeFile(list, content);
+    open();
+    EXPECT_EQ(rows(), std::vector<std::string>()) << content;
+    phone.closePane();
+  }
+  fs::remove(list);
+  open();
+  EXPECT_EQ(rows(), std::vector<std::string>());
+  EXPECT_EQ(nlohmann::json(stored()), nlohmann::json({{app, "Label"}, {"enabled", "YES"}}));
+}
+
+TEST_P(PaneFile, IsReadAndWrittenByCellsWithPropertiesOfOtherKinds) {
+  const auto cell = [](const std::string& kind, const std::string& label, Json others) {
+    others["cell"] = kind;
+    others["label"] = label;
+    return others;
+  };
+  const Json odd = Json::array({1, 2});
+  const Json items = Json::array_t{cell("PSSwitchCell", "No key", {{"default", true}}),
+                                   cell("PSSwitchCell", "Odd key", {{"key", 5}, {"default", true}}),
+                                   cell("PSSwitchCell", "Odd default", {{"key", "one"}, {"default", odd}}),
+                                   cell("PSSwitchCell", "No default", {{"key", "two"}}),
+                                   cell("PSSliderCell", "No ends", {{"key", "three"}, {"default", 0.5}}),
+                                   cell("PSTitleValueCell", "Text", {{"key", "four"}, {"default", "Something"}})};
+  sim::PropertyList(Json{{"items", items}})
+      .write(phone.path("/Library/PreferenceBundles/SprigdialSettings.bundle/Root.plist"));
+  open();
+  for (const std::string label : {"No key", "Odd key", "Odd default", "No default"})
+    EXPECT_EQ(shown(label), "off") << label;
+  EXPECT_EQ(shown("Text"), "Something");
+  phone.setCell("No key", "on").setCell("Odd key", "on").setCell("Odd default", "on");
+  EXPECT_EQ(stored(), Json({{"one", true}}));
+}
+
 // A pane on its own
 
 TEST_P(PaneFile, IsThePanesWhenTheHomeScreenHasCrashedToo) {

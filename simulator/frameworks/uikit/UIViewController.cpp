@@ -71,6 +71,31 @@ UINavigationItem* UIViewController::navigationItem() {
   return ownNavigationItem;
 }
 
+namespace {
+
+/// Whether a window shows it. Only its address is looked at.
+bool isShown(const UIViewController* sought) {
+  for (const UIWindow* window : livingWindows())
+    for (const UIViewController* shown = window->rootViewController; shown != nullptr;
+         shown = shown->presentedViewController)
+      if (shown == sought) return true;
+  return false;
+}
+
+// A handler may hold its alert: what has left the screen lets go of them, unless whoever heard of that has presented it
+// again. It is not held for that itself.
+void forgetHandlersNextTurn(UIViewController* controller) {
+  for (; controller != nullptr; controller = controller->presentedViewController) {
+    if (!isKind(controller, "UIAlertController"_cls)) continue;
+    dispatch::onNextTurn([left = controller, actions = static_cast<UIAlertController*>(controller)->actions] {
+      if (isShown(left)) return;
+      for (UIAlertAction* action : actions) action->handler = {};
+    });
+  }
+}
+
+}  // namespace
+
 void UIViewController::presentViewController(UIViewController* controller, bool animated,
                                              const BlockLiteral* completion) {
   if (controller == nullptr)
@@ -127,15 +152,16 @@ void UIViewController::dismissViewController(bool animated, const BlockLiteral* 
   }
   send(leaving.get(), "viewWillDisappear:"_sel, animated);
   if (!animated) leave(leaving);
-  beginTransition(Transition::Kind::dismissal, leaving, animated, [leaving, animated, block = BlockRef(completion)] {
-    leave(leaving);
-    // Even if the following raises. Whoever hears of its end may have presented it again.
-    dispatch::onNextTurn([leaving] {
-      if (leaving->window() == nullptr) leftScreen(leaving);
-    });
-    send(leaving.get(), "viewDidDisappear:"_sel, animated);
-    block();
-  });
+  beginTransition(Transition::Kind::dismissal, leaving, animated,
+                  [leaving = Ref<UIViewController>(leaving), animated, block = BlockRef(completion)]() mutable {
+                    leave(leaving);
+                    // Even if the following raises.
+                    forgetHandlersNextTurn(leaving);
+                    send(leaving.get(), "viewDidDisappear:"_sel, animated);
+                    // What nobody else holds is gone by now.
+                    leaving = nullptr;
+                    block();
+                  });
 }
 
 UIWindow* UIViewController::window() {

@@ -39,8 +39,8 @@ void beginTransition(Transition::Kind kind, UIViewController* controller, bool a
   }
   const std::int64_t duration = durations[static_cast<std::size_t>(kind)];
   running().push_back({kind, controller, clock::passed(), clock::passed() + duration});
-  dispatch::afterOnMain(duration, [kept = Ref<UIViewController>(controller), done = std::move(done)] {
-    std::erase_if(running(), [&](const Transition& each) { return each.controller.get() == kept.get(); });
+  dispatch::afterOnMain(duration, [controller, done = std::move(done)] {
+    std::erase_if(running(), [&](const Transition& each) { return each.controller.get() == controller; });
     done();
   });
 }
