@@ -127,7 +127,7 @@ TEST_F(Repository, TheCommandRefusesWhatIsNone) {
        {"--repository " + other.string(), "--repository " + (other / "mine").string(), std::string("--repository"),
         std::string("--url https://example.org"), "--repository " + (other / "new").string() + " --url nowhere",
         "--repository " + (other / "new").string() + " --url 'https://a b'",
-                                   "--repository '" + (other / "a b").string() + "'"}) {
+        "--repository '" + (other / "a b").string() + "'"}) {
     const auto told = linesOf(command + words + " 2>&1; echo $?");
     ASSERT_EQ(told.size(), 2U) << words;
     EXPECT_EQ(told[1], "2") << words;

@@ -4,9 +4,7 @@
 
 namespace sim::recent {
 
-void SBNotificationBannerDestination::post(NCNotificationRequest* request) {
-  showBanner(request);
-}
+void SBNotificationBannerDestination::post(NCNotificationRequest* request) { showBanner(request); }
 
 void defineSBNotificationBannerDestination() {
   ClassBuilder<SBNotificationBannerDestination>("SBNotificationBannerDestination", "NSObject")
