@@ -163,6 +163,67 @@ Json textFields() {
   return result;
 }
 
+// Touches
+
+/// Who is touched when one view lies over another, as that is changed and put right again.
+Json touched() {
+  const auto view = [] {
+    return Ref<sim::UIView>::adopt(sim::send<sim::UIView*>(sim::send<id>("UIView"_cls, "alloc"_sel),
+                                                           "initWithFrame:"_sel, sim::CGRect{{}, {100, 100}}));
+  };
+  const auto below = view(), above = view();
+  sim::send(below.get(), "addSubview:"_sel, above.get());
+  const auto hit = [&] {
+    id who = sim::send<id>(below.get(), "hitTest:withEvent:"_sel, sim::CGPoint{50, 50}, id{nullptr});
+    return who == above.get() ? "the upper" : who == below.get() ? "the lower" : "none";
+  };
+  Json result{{"as they are", hit()}};
+  above->hidden = true;
+  result["hidden"] = hit();
+  above->hidden = false;
+  above->userInteractionEnabled = false;
+  result["without interaction"] = hit();
+  above->userInteractionEnabled = true;
+  above->alpha = 0;
+  result["clear"] = hit();
+  above->alpha = 1;
+  above->frame.origin.x = 60;
+  result["elsewhere"] = hit();
+  below->hidden = true;
+  result["in a hidden one"] = hit();
+  return result;
+}
+
+// Delayed messages
+
+Json heard = Json::array();
+void hear(id, SEL, id what) { heard.push_back(sim::text(what)); }
+
+Json delayedMessages() {
+  const AutoreleasePool pool;
+  Class cls = sim::detail::allocateClass("Listener", "NSObject", sizeof(Delegate), sizeof(sim::Object), {});
+  sim::detail::addMethod(cls, "hear:", reinterpret_cast<IMP>(&hear), "v@:@");
+  const auto first = sim::make(cls), second = sim::make(cls);
+  const auto later = [&](const auto& listener, const char* what, double seconds) {
+    sim::send(listener.get(), "performSelector:withObject:afterDelay:"_sel, "hear:"_sel, sim::ns(what), seconds);
+  };
+  later(first, "late", 0.2);
+  later(first, "soon", 0.1);
+  later(first, "one of two", 0.1);
+  later(first, "cancelled", 0.1);
+  later(second, "cancelled with all", 0.1);
+  sim::send("NSObject"_cls, "cancelPreviousPerformRequestsWithTarget:selector:object:"_sel, first.get(), "hear:"_sel,
+            sim::ns("cancelled"));
+  sim::send("NSObject"_cls, "cancelPreviousPerformRequestsWithTarget:selector:object:"_sel, first.get(),
+            "description"_sel, sim::ns("one of two"));
+  sim::send("NSObject"_cls, "cancelPreviousPerformRequestsWithTarget:"_sel, second.get());
+  sim::advanceClock(150'000'000);
+  Json result = Json::array({std::exchange(heard, Json::array())});
+  sim::advanceClock(100'000'000);
+  result.push_back(std::exchange(heard, Json::array()));
+  return result;
+}
+
 // Hooks
 
 Json missingHooks() {
@@ -194,6 +255,8 @@ int main() {
   const Json result{{"posts", posts()},
                     {"blocks", blocks()},
                     {"text fields", textFields()},
+                    {"touched", touched()},
+                    {"delayed messages", delayedMessages()},
                     {"missing hooks", missingHooks()},
                     {"copied", copyPropertyList()}};
   std::puts(result.dump().c_str());

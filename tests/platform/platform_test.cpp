@@ -65,6 +65,19 @@ TEST_F(Platform, ATextFieldsClearButtonIsThereWhileThereIsSomethingToClear) {
   EXPECT_EQ(fields.at("clear button"), (Json{false, true, false, true, false}));
 }
 
+TEST_F(Platform, OnlyWhatIsSeenAndTakesTouchesIsTouched) {
+  EXPECT_EQ(probed.at("touched"), (Json{{"as they are", "the upper"},
+                                        {"hidden", "the lower"},
+                                        {"without interaction", "the lower"},
+                                        {"clear", "the lower"},
+                                        {"elsewhere", "the lower"},
+                                        {"in a hidden one", "none"}}));
+}
+
+TEST_F(Platform, DelayedMessagesComeInTheirOrderUnlessTheyAreCancelled) {
+  EXPECT_EQ(probed.at("delayed messages"), (Json{{"soon", "one of two"}, {"late"}}));
+}
+
 TEST_F(Platform, AHookWithoutAMethodIsLogged) {
   EXPECT_EQ(probed.at("missing hooks"), (Json{"nil length", "NSString noSuchMethod", true}));
 }
