@@ -39,8 +39,11 @@ if(SANITIZE)
 endif()
 add_executable(sprigdial-tests ${test_sources})
 target_link_libraries(sprigdial-tests PRIVATE simulator_control GTest::gtest_main PkgConfig::PNG PkgConfig::ARCHIVE)
-# The tests' own code is run once: the time goes into compiling it.
+# The tests' own code is run once: the time goes into compiling it. What it shares with the simulator's, templates
+# mostly, comes from there, since the linker takes the first that it finds.
 target_compile_options(sprigdial-tests PRIVATE -O0 -g1)
+target_link_options(sprigdial-tests PRIVATE
+  -Wl,--whole-archive $<TARGET_FILE:simulator_control> -Wl,--no-whole-archive)
 target_precompile_headers(sprigdial-tests PRIVATE tests/support/phone.hpp)
 set_source_files_properties(tests/support/places.cpp PROPERTIES SKIP_PRECOMPILE_HEADERS ON COMPILE_DEFINITIONS
   "SOURCE_DIR=\"${PROJECT_SOURCE_DIR}\";BUILD_DIR=\"${CMAKE_BINARY_DIR}\";DRIVER=\"$<TARGET_FILE:home-screen>\";\

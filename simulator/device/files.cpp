@@ -29,7 +29,13 @@ std::optional<std::string> readFile(const fs::path& file) {
   if (!fs::is_regular_file(file, failed)) return std::nullopt;
   std::ifstream stream(file, std::ios::binary);
   if (!stream) return std::nullopt;
-  return std::string(std::istreambuf_iterator<char>(stream), {});
+  // What some file systems tell of a file's size is no more than a guess.
+  const std::uintmax_t size = fs::file_size(file, failed);
+  std::string content(failed ? 0 : size, '\0');
+  stream.read(content.data(), static_cast<std::streamsize>(content.size()));
+  content.resize(static_cast<std::size_t>(stream.gcount()));
+  if (stream) content.append(std::istreambuf_iterator<char>(stream), {});
+  return content;
 }
 
 void writeFile(const fs::path& file, std::string_view content) {
