@@ -1,6 +1,6 @@
 # The simulated home screen. `SpringBoard` runs inside the device and is the home-screen process; beside it run
-# `Preferences`, the settings application, `cfprefsd`, the preferences daemon, and `installd`, which tells what is installed. `home-screen` is what a person
-# starts, and drives the home screen from outside.
+# `Preferences`, the settings application, `cfprefsd`, the preferences daemon, and `installd`, which tells what is
+# installed. `home-screen` is what a person starts, and drives them from outside.
 find_package(PkgConfig REQUIRED)
 find_package(nlohmann_json REQUIRED)
 pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET libplist-2.0)
@@ -56,8 +56,7 @@ add_executable(installd simulator/installd.cpp)
 link_home_screen_process(installd)
 
 # What a person can do and see, from outside the device.
-file(GLOB control_sources CONFIGURE_DEPENDS simulator/control/*.cpp simulator/device/*.cpp
-  simulator/preferences/*.cpp)
+file(GLOB control_sources CONFIGURE_DEPENDS simulator/control/*.cpp simulator/device/*.cpp)
 add_library(simulator_control STATIC ${control_sources})
 target_link_libraries(simulator_control PUBLIC simulator_options PRIVATE PkgConfig::PLIST PkgConfig::ARCHIVE
   PkgConfig::EDIT PkgConfig::PNG PkgConfig::UTF8PROC)

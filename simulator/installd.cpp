@@ -4,7 +4,7 @@
 
 #include "simulator/device/messages.hpp"
 #include "simulator/frameworks/foundation/foundation.hpp"
-#include "simulator/homescreen/common/installed.hpp"
+#include "simulator/frameworks/launch_services/installed.hpp"
 
 int main(int count, char** arguments) {
   constexpr int driver = 3;

@@ -43,7 +43,8 @@ lint() {
 }
 
 # Writes files that hold a dozen tests' files each, every one in a namespace of its own, and prints their names: nearly
-# all of the linter's time goes into headers, which it then reads once for them all.
+# all of the linter's time goes into headers, which it then reads once for them all. The tests' files therefore open no
+# namespace that has a name.
 by_the_dozen() {
   local folder=build/lint number=0
   rm -rf "$folder"

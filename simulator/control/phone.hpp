@@ -15,13 +15,13 @@
 #include <vector>
 
 #include "simulator/control/pane.hpp"
+#include "simulator/control/preferences_daemon.hpp"
 #include "simulator/control/process.hpp"
 #include "simulator/control/relay.hpp"
 #include "simulator/control/screen.hpp"
 #include "simulator/device/device.hpp"
 #include "simulator/device/error.hpp"
 #include "simulator/device/packages.hpp"
-#include "simulator/preferences/preferences_daemon.hpp"
 
 namespace sim {
 

@@ -6,25 +6,6 @@
 #include "tests/pane/pane.hpp"
 #include "tests/support/places.hpp"
 
-namespace test {
-
-bool opensAMenu(Phone& phone, const std::vector<sim::TouchSample>& samples) {
-  phone.advance(1).swipe(app, samples);
-  const bool opened = phone.showsAlert();
-  if (opened) phone.tap("Cancel");
-  return opened;
-}
-
-std::vector<std::string> menuOf(Phone& phone) {
-  phone.advance(1).swipeUp(app);
-  if (!phone.showsAlert()) return {};
-  const auto titles = phone.buttons();
-  phone.tap("Cancel");
-  return titles;
-}
-
-}  // namespace test
-
 namespace {
 
 using test::app;

@@ -10,9 +10,20 @@ inline const std::string other = "com.example.notes";
 inline const std::string domain = "com.morvanel.sprigdial";
 
 /// Tells whether swiping on the application's icon opens its menu, and closes it again.
-bool opensAMenu(Phone& phone, const std::vector<sim::TouchSample>& samples);
+inline bool opensAMenu(Phone& phone, const std::vector<sim::TouchSample>& samples) {
+  phone.advance(1).swipe(app, samples);
+  const bool opened = phone.showsAlert();
+  if (opened) phone.tap("Cancel");
+  return opened;
+}
 /// What the application's menu offers; nothing when it does not open.
-std::vector<std::string> menuOf(Phone& phone);
+inline std::vector<std::string> menuOf(Phone& phone) {
+  phone.advance(1).swipeUp(app);
+  if (!phone.showsAlert()) return {};
+  const auto titles = phone.buttons();
+  phone.tap("Cancel");
+  return titles;
+}
 
 /// Pane tests run on both generations; the pane is opened at its first use.
 class Pane : public Generations {

@@ -1,6 +1,6 @@
 #include "simulator/frameworks/launch_services/LSApplicationProxy.hpp"
 
-#include "simulator/homescreen/common/installed.hpp"
+#include "simulator/frameworks/launch_services/installed.hpp"
 
 namespace sim {
 

@@ -1,8 +1,8 @@
 // Where an application lives on the device.
 #pragma once
 
+#include "simulator/frameworks/launch_services/installed.hpp"
 #include "simulator/homescreen/common/home.hpp"
-#include "simulator/homescreen/common/installed.hpp"
 #include "simulator/runtime/class_builder.hpp"
 
 namespace sim {

@@ -1,8 +1,8 @@
 // An entry of an icon's quick-action list.
 #pragma once
 
+#include "simulator/frameworks/launch_services/installed.hpp"
 #include "simulator/homescreen/common/SBSApplicationShortcutCustomImageIcon.hpp"
-#include "simulator/homescreen/common/installed.hpp"
 
 namespace sim {
 

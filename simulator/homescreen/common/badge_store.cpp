@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "simulator/homescreen/common/property_list.hpp"
+#include "simulator/frameworks/foundation/dictionaries.hpp"
 
 namespace sim {
 namespace {

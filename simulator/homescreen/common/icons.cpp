@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <set>
 
+#include "simulator/frameworks/foundation/dictionaries.hpp"
 #include "simulator/homescreen/common/SBApplicationController.hpp"
 #include "simulator/homescreen/common/badge_store.hpp"
 #include "simulator/homescreen/common/measures.hpp"
-#include "simulator/homescreen/common/property_list.hpp"
 #include "simulator/homescreen/common/refused.hpp"
 #include "simulator/homescreen/common/shared_instance.hpp"
 

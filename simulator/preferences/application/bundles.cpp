@@ -6,7 +6,7 @@
 #include <optional>
 #include <stdexcept>
 
-#include "simulator/homescreen/common/property_list.hpp"
+#include "simulator/frameworks/foundation/dictionaries.hpp"
 #include "simulator/runtime/library.hpp"
 
 namespace sim {

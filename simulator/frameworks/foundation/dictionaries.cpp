@@ -1,4 +1,4 @@
-#include "simulator/homescreen/common/property_list.hpp"
+#include "simulator/frameworks/foundation/dictionaries.hpp"
 
 #include <algorithm>
 

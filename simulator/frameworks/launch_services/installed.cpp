@@ -1,4 +1,4 @@
-#include "simulator/homescreen/common/installed.hpp"
+#include "simulator/frameworks/launch_services/installed.hpp"
 
 #include <algorithm>
 #include <cctype>
@@ -6,8 +6,8 @@
 #include <map>
 #include <tuple>
 
+#include "simulator/frameworks/foundation/dictionaries.hpp"
 #include "simulator/frameworks/foundation/file_names.hpp"
-#include "simulator/homescreen/common/property_list.hpp"
 
 namespace sim {
 namespace {

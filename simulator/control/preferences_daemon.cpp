@@ -1,4 +1,4 @@
-#include "simulator/preferences/preferences_daemon.hpp"
+#include "simulator/control/preferences_daemon.hpp"
 
 #include <fcntl.h>
 #include <poll.h>
